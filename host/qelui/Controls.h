@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "host/HostAPI.h"
+#include "host/qelui/Node.h"
+
+namespace qelui::ui {
+
+/// What a control tells its callbacks. Valid for the call.
+class HOST_API Message {
+ public:
+  virtual ~Message();
+
+ protected:
+  Message();
+};
+
+/// A callback on a control. The control shares it and drops it when the control is destroyed.
+using MessageFunction = std::function<void(const Message&)>;
+using SharedMessageFunction = std::shared_ptr<const MessageFunction>;
+
+}  // namespace qelui::ui
+
+namespace qelui::controls {
+
+/// A control with a value that changes.
+class HOST_API UI_ControlView : public ui::UI_SubView {
+ public:
+  ~UI_ControlView() override;
+
+  /// Registers a callback for each committed change; callbacks run in the order registered.
+  /// [main-thread]
+  void NotifyWhenChanged(ui::SharedMessageFunction callback);
+
+ protected:
+  UI_ControlView();
+  /// Runs the callbacks for a committed change.
+  void BroadcastChanged(const ui::Message& message);
+
+ private:
+  class State;
+  std::unique_ptr<State> state;
+};
+
+/// The message of a button: it was clicked.
+class HOST_API UI_ButtonChangedMessage final : public ui::Message {
+ public:
+  explicit UI_ButtonChangedMessage(std::uint32_t modifierKeys);
+  ~UI_ButtonChangedMessage() override;
+  /// The modifier keys held during the click (kModifierControl and the like).
+  std::uint32_t GetModKeys() const noexcept { return modifierKeys; }
+
+ private:
+  std::uint32_t modifierKeys;
+};
+
+/// A push button that shows a picture.
+class HOST_API UI_PictureButton : public UI_ControlView {
+ public:
+  UI_PictureButton();
+  ~UI_PictureButton() override;
+
+  /// What a click by the user does: runs the change callbacks with a UI_ButtonChangedMessage. A
+  /// disabled button does nothing. [main-thread]
+  void Click(std::uint32_t modifierKeys);
+};
+
+}  // namespace qelui::controls

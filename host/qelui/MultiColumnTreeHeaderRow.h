@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "host/HostAPI.h"
+#include "host/qelcore/UTF8String.h"
+#include "host/qelui/Node.h"
+
+namespace qelui::controls {
+
+class UI_MultiColumnTree;
+
+/// The header of a multi-column tree: which columns there are, in which order, and how wide.
+///
+/// A new header row has one column, the tree's hierarchy column, with the identifier
+/// kHierarchyColumnID at display index 0; nothing can be put before it.
+/// All operations are [main-thread].
+class HOST_API UI_MultiColumnTreeHeaderRow : public ui::UI_SubView {
+ public:
+  static constexpr std::uint32_t kHierarchyColumnID = 0;
+
+  /// `owner` is the tree that will show this row; not owned, must outlive it.
+  explicit UI_MultiColumnTreeHeaderRow(UI_MultiColumnTree* owner);
+  ~UI_MultiColumnTreeHeaderRow() override;
+
+  std::size_t GetCountOfColumns() const;
+  /// The identifier of the column at a display index. Throws: qel_exception beyond the last column.
+  std::uint32_t GetColumnAt(std::size_t displayIndex) const;
+  /// The display index of a column, or -1 when the row has no such column.
+  std::int32_t GetIndexOfColumn(std::uint32_t id) const;
+  /// The text of a column; empty when the row has no such column.
+  qelcore::UTF8String GetColumnNameUTF8(std::uint32_t id) const;
+  /// The width of a column in pixels; 0 when the row has no such column.
+  float GetColumnWidth(std::uint32_t id) const;
+
+  /// Appends a column at the right end with the default width of 100 pixels. Throws: qel_exception
+  /// when the row already has a column of that identifier.
+  void AppendColumn(const qelcore::UTF8String& text, std::uint32_t id);
+  /// The next three ignore an identifier that the row does not have.
+  void RemoveColumn(std::uint32_t id);
+  void SetColumnName(std::uint32_t id, const qelcore::UTF8String& text);
+  void SetColumnWidth(std::uint32_t id, float width);
+
+  /// Whether users may drag columns, and whether the first one takes part.
+  void SetAllowColumnMovingByUser(bool isAllowed, bool includingFirstColumn);
+  void ShowSortIndicator(bool isShown);
+  bool IsSortIndicatorShown() const;
+
+ private:
+  class State;
+  std::unique_ptr<State> state;
+};
+
+}  // namespace qelui::controls

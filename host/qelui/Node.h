@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/HostAPI.h"
+#include "host/qelcore/CountedObject.h"
+#include "host/qelui/Events.h"
+#include "host/qelui/Geometry.h"
+
+namespace qelui::ui {
+
+/// Base of every control: counted, weakly referable, with a place and an enabled state. When the last
+/// reference is given back off the main thread, the control is deleted on the main thread.
+/// All operations are [main-thread], except counting.
+class HOST_API UI_Node : public qelcore::CountedObject {
+ public:
+  ~UI_Node() override;
+
+  void UI_SetEnabled(bool isEnabled);
+  bool UI_IsEnabled() const;
+
+  /// The place in the parent view, in pixels.
+  void UI_SetBounds(const Rect& newBounds);
+  Rect UI_GetBounds() const;
+
+ protected:
+  UI_Node();
+  void DeleteSelf() noexcept override;
+
+ private:
+  Rect bounds;
+  bool isEnabled = true;
+};
+
+/// A node that receives events.
+class HOST_API UI_SubView : public UI_Node {
+ public:
+  ~UI_SubView() override;
+
+  /// Offers an event to this view. True when it was handled. The base handles none.
+  virtual bool UI_DoMouseEvent(const MouseEvent& event);
+
+ protected:
+  UI_SubView();
+};
+
+}  // namespace qelui::ui

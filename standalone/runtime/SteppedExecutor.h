@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <mutex>
+
+#include "host/qelcore/Threads.h"
+#include "standalone/runtime/StandaloneAPI.h"
+
+namespace standalone {
+
+/// An executor that runs tasks only when told, on the calling thread: the schedule of a test.
+class STANDALONE_API SteppedExecutor final : public qelcore::threads::AsyncExecutor {
+ public:
+  SteppedExecutor();
+  ~SteppedExecutor() override;
+
+  void Submit(std::function<void()> task) override;
+
+  /// Runs the oldest task; false when there is none.
+  bool RunOne();
+  /// Runs tasks until none is left; returns how many ran.
+  std::size_t RunUntilEmpty();
+  std::size_t CountWaiting() const;
+
+ private:
+  mutable std::mutex mutex;
+  std::deque<std::function<void()>> tasks;
+};
+
+}  // namespace standalone
