@@ -1,0 +1,88 @@
+#include "standalone/app/ExportCommand.h"
+
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+#include "host/qelcore/Exceptions.h"
+#include "standalone/app/CommandError.h"
+#include "standalone/app/IndexSession.h"
+#include "standalone/app/ProgressLine.h"
+#include "standalone/app/StandardOutput.h"
+#include "standalone/import/TimelineReader.h"
+
+namespace standalone {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kStream = "-";
+constexpr const char* kStandardInput = "/dev/stdin";
+
+/// The document of the file; what its reader noticed goes to standard error, a line each.
+DocumentDraft ReadDocument(const std::string& file) {
+  ProgressLine line("reading " + file);
+  try {
+    ImportProgress progress;
+    progress.report = [&line](double fraction) { line.Show(fraction); };
+    ImportResult result = ReadTimelineFile(file == kStream ? kStandardInput : file, progress);
+    line.Clear();
+    for (const ImportNote& note : result.notes) {
+      std::cerr << MakeReportLine(file, note.line, note.place + ": " + note.sentence) << '\n';
+    }
+    return std::move(result.document);
+  } catch (const ImportError& error) {
+    throw CommandError(file, error.GetLine(), error.what());
+  }
+}
+
+/// The output as an absolute path. The host's paths use "\" between parts, so a name that holds one
+/// would land elsewhere.
+fs::path ResolveOutput(const ExportArguments& arguments) {
+  const std::string& output = arguments.output;
+  if (output.find('\\') != std::string::npos) {
+    throw CommandError(output, 0, "a \"\\\" in the name of the output is not supported; rename it");
+  }
+  const fs::path path = fs::absolute(output);
+  std::error_code ignored;
+  if (!path.has_filename() || fs::is_directory(path, ignored)) {
+    throw CommandError(output, 0, "is a directory; name a file to write");
+  }
+  if (arguments.file != kStream && fs::equivalent(path, arguments.file, ignored)) {
+    throw CommandError(output, 0, "is the timeline itself; name another file to write");
+  }
+  return path;
+}
+
+void ExportTo(const fs::path& path, const ExportArguments& arguments, DocumentDraft document) {
+  IndexSession session;
+  session.ChooseColumns(arguments.columns);
+  if (arguments.isKeepingGaps) session.KeepGaps(true);
+  session.ShowDocument(std::move(document));
+  session.Export(path);
+}
+
+void ExportToStandardOutput(const ExportArguments& arguments, DocumentDraft document) {
+  const PrivateFile file("index.csv");
+  ExportTo(file.GetPath(), arguments, std::move(document));
+  CopyToStandardOutput(file.GetPath());
+}
+
+}  // namespace
+
+void RunExport(const ExportArguments& arguments) {
+  try {
+    if (arguments.output == kStream) {
+      ExportToStandardOutput(arguments, ReadDocument(arguments.file));
+      return;
+    }
+    const fs::path path = ResolveOutput(arguments);
+    ExportTo(path, arguments, ReadDocument(arguments.file));
+  } catch (const qelcore::config::qel_exception& failure) {
+    throw CommandError(failure.what());
+  }
+}
+
+}  // namespace standalone

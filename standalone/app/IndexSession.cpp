@@ -1,0 +1,90 @@
+#include "standalone/app/IndexSession.h"
+
+#include <algorithm>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include "host/UIF/Commands.h"
+#include "host/qelui/Controls.h"
+#include "host/qelui/MultiColumnTree.h"
+#include "standalone/app/CommandError.h"
+#include "standalone/framework/Framework.h"
+
+namespace standalone {
+
+namespace {
+
+constexpr UIF::CommandID kExportCommandID = 36003;
+constexpr std::uint32_t kShowAllColumnsCommand = 100;
+constexpr std::uint32_t kShowDefaultColumnsCommand = 101;
+constexpr std::uint32_t kNoModifierKeys = 0;
+
+Runtime::Setup MakeSetup() {
+  Runtime::Setup setup;
+  setup.poolThreads = std::max(1U, std::thread::hardware_concurrency());
+  return setup;
+}
+
+/// The panel's only control of a kind.
+template <typename Control>
+Control& FindControl(const UIF::TabView& panel) {
+  for (const auto& child : panel.GetChildViews()) {
+    if (auto* const control = dynamic_cast<Control*>(child.Get())) return *control;
+  }
+  throw CommandError("the Sequence Index panel lacks a control that this command needs");
+}
+
+}  // namespace
+
+IndexSession::IndexSession() : host(MakeSetup()), module(GetModuleLibraryPath()) {
+  SwitchFeature("SequenceIndex", true);
+  panel = host.OpenPanel();
+  if (panel == nullptr) throw CommandError("the Sequence Index panel can't be opened");
+  Settle();
+}
+
+IndexSession::~IndexSession() {
+  panel.reset();
+  host.ClosePanel();
+}
+
+void IndexSession::Settle() {
+  host.GetRuntime().Drain();
+  const auto failures = host.GetRuntime().GetLog().TakeFailures();
+  if (!failures.empty()) throw CommandError("the index can't be built: " + failures.front());
+}
+
+void IndexSession::KeepGaps(bool isKeepingGaps) {
+  answers.isKeepingGaps = isKeepingGaps;
+  FindControl<qelui::controls::UI_PictureButton>(*panel).Click(kNoModifierKeys);
+  Settle();
+}
+
+void IndexSession::ChooseColumns(ColumnChoice choice) {
+  if (choice == ColumnChoice::kAsShown) return;
+  answers.menuCommand =
+      choice == ColumnChoice::kAll ? kShowAllColumnsCommand : kShowDefaultColumnsCommand;
+  const auto headerRow = FindControl<qelui::controls::UI_MultiColumnTree>(*panel).GetHeaderRow();
+  headerRow->UI_DoMouseEvent(qelui::ui::MouseEvent(qelui::ui::PointerAction::kPress, {},
+                                                   qelui::ui::MouseButton::kContextMenu, 1));
+  Settle();
+}
+
+void IndexSession::ShowDocument(DocumentDraft document) {
+  const auto timelines = host.GetProject().AddDocument(std::move(document));
+  if (timelines.empty()) throw CommandError("the file holds no timeline");
+  host.GetProject().ActivateSequence(timelines.front());
+  Settle();
+}
+
+void IndexSession::Export(const std::filesystem::path& file) {
+  answers.exportChoice = ExportChoice{qelcore::UTF8String(file.parent_path().native()),
+                                      qelcore::UTF8String(file.stem().native()),
+                                      qelcore::UTF8String(file.extension().native()), false};
+  const bool isWritten = panel->ObeyCommand(UIF::Command(kExportCommandID));
+  Settle();
+  if (!isWritten) throw CommandError("the panel exported nothing");
+}
+
+}  // namespace standalone

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "standalone/app/Arguments.h"
+#include "standalone/app/ScriptedAnswers.h"
+#include "standalone/assembly/StandaloneHost.h"
+#include "standalone/model/SequenceDraft.h"
+
+namespace standalone {
+
+/// The host with the Sequence Index module loaded and its panel open, driven by a command: each wish is
+/// carried out as a user would, with the panel's own controls. [main-thread]
+///
+/// Every operation raises a failure that the panel or a build of it met meanwhile as CommandError: a
+/// failed build must not pass as an empty table.
+class IndexSession {
+ public:
+  IndexSession();
+  /// Closes the panel and unloads the module.
+  ~IndexSession();
+  IndexSession(const IndexSession&) = delete;
+  IndexSession& operator=(const IndexSession&) = delete;
+
+  /// Confirms the options dialog behind the filter button.
+  void KeepGaps(bool isKeepingGaps);
+  /// Chooses from the header's context menu.
+  void ChooseColumns(ColumnChoice choice);
+  /// Adds a document to the project, activates its first timeline, and waits for its rows.
+  void ShowDocument(DocumentDraft document);
+  /// Confirms the export dialog with `file`, an absolute path.
+  void Export(const std::filesystem::path& file);
+
+ private:
+  /// Waits until nothing is left to do.
+  void Settle();
+
+  StandaloneHost host;
+  ScriptedAnswers answers;
+  LoadedModule module;
+  std::shared_ptr<UIF::TabView> panel;
+};
+
+}  // namespace standalone

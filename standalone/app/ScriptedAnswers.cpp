@@ -1,0 +1,28 @@
+#include "standalone/app/ScriptedAnswers.h"
+
+namespace standalone {
+
+ScriptedAnswers::ScriptedAnswers() { SetDialogProvider(this); }
+
+ScriptedAnswers::~ScriptedAnswers() { SetDialogProvider(nullptr); }
+
+std::uint32_t ScriptedAnswers::ChooseFromMenu(const std::vector<MenuItem>&, qelui::ui::UI_Node&,
+                                              qelui::Point) {
+  return menuCommand;
+}
+
+std::optional<MZ::SequenceIndex::Options> ScriptedAnswers::EditOptions(
+    const MZ::SequenceIndex::Options& current) {
+  if (!isKeepingGaps) return std::nullopt;
+  MZ::SequenceIndex::Options options = current;
+  options.isKeepingGaps = *isKeepingGaps;
+  return options;
+}
+
+bool ScriptedAnswers::ChooseExport(ExportChoice& choice) {
+  if (!exportChoice) return false;
+  choice = *exportChoice;
+  return true;
+}
+
+}  // namespace standalone

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "standalone/toolkit/DialogProvider.h"
+
+namespace standalone {
+
+/// Answers the panel's questions from what the command line says, so that a command drives the very
+/// panel that people see. Whatever was not scripted counts as cancelled. [main-thread]
+class ScriptedAnswers final : public DialogProvider {
+ public:
+  ScriptedAnswers();
+  /// Stops answering.
+  ~ScriptedAnswers() override;
+
+  /// The item that the next menus answer; 0: dismissed.
+  std::uint32_t menuCommand = 0;
+  /// Set: options dialogs confirm with gaps kept or not.
+  std::optional<bool> isKeepingGaps;
+  /// Set: export dialogs confirm with this place.
+  std::optional<ExportChoice> exportChoice;
+
+  std::uint32_t ChooseFromMenu(const std::vector<MenuItem>& items, qelui::ui::UI_Node& node,
+                               qelui::Point position) override;
+  std::optional<MZ::SequenceIndex::Options> EditOptions(
+      const MZ::SequenceIndex::Options& current) override;
+  bool ChooseExport(ExportChoice& choice) override;
+};
+
+}  // namespace standalone

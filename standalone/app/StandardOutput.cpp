@@ -1,0 +1,49 @@
+#include "standalone/app/StandardOutput.h"
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <system_error>
+
+#include "standalone/app/CommandError.h"
+
+namespace standalone {
+
+PrivateFile::PrivateFile(std::string_view name) {
+  std::string pattern = (std::filesystem::temp_directory_path() / "sequence-index-XXXXXX").native();
+  if (mkdtemp(pattern.data()) == nullptr) {
+    throw CommandError(pattern, 0, "can't make a temporary folder: " + std::string(strerror(errno)));
+  }
+  path = std::filesystem::path(pattern) / name;
+}
+
+PrivateFile::~PrivateFile() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path.parent_path(), ignored);
+}
+
+void WriteToStandardOutput(std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = write(STDOUT_FILENO, text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) throw CommandError("standard output", 0, strerror(errno));
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+void CopyToStandardOutput(const std::filesystem::path& file) {
+  std::ifstream input(file, std::ios::binary);
+  std::array<char, 65536> block;
+  while (input) {
+    input.read(block.data(), block.size());
+    WriteToStandardOutput({block.data(), static_cast<std::size_t>(input.gcount())});
+  }
+  if (input.bad() || !input.eof()) throw CommandError(file.native(), 0, "can't be read back");
+}
+
+}  // namespace standalone

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace standalone {
+
+/// A path in a new folder that only this user may enter; both go with this object.
+class PrivateFile {
+ public:
+  /// Throws: CommandError when no folder can be made.
+  explicit PrivateFile(std::string_view name);
+  ~PrivateFile();
+  PrivateFile(const PrivateFile&) = delete;
+  PrivateFile& operator=(const PrivateFile&) = delete;
+
+  const std::filesystem::path& GetPath() const noexcept { return path; }
+
+ private:
+  std::filesystem::path path;
+};
+
+/// Copies a file's bytes to standard output. Throws: CommandError when they can't all be written.
+void CopyToStandardOutput(const std::filesystem::path& file);
+
+/// Writes words to standard output. Throws: CommandError when they can't all be written.
+void WriteToStandardOutput(std::string_view text);
+
+}  // namespace standalone

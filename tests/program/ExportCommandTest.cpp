@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "support/Csv.h"
+#include "support/Process.h"
+
+/// The program as a user types it.
+namespace {
+
+namespace fs = std::filesystem;
+using process::Folder;
+using process::Outcome;
+using process::ReadFile;
+using process::WriteFile;
+
+const std::string kDemo = std::string(SOURCE_FOLDER) + "/samples/demo.otio";
+const std::string kFixtures = std::string(SOURCE_FOLDER) + "/tests/program/fixtures/";
+
+Outcome RunProgram(std::vector<std::string> arguments, const std::string& input = "/dev/null",
+                   const std::string& output = {}) {
+  arguments.insert(arguments.begin(), PROGRAM);
+  return process::Run(arguments, input, output);
+}
+
+Outcome Export(const std::string& file, std::vector<std::string> more = {}) {
+  std::vector<std::string> arguments{"export", file, "-o", "-"};
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  return RunProgram(arguments);
+}
+
+/// One line on standard error that names the place and the reason; nothing on standard output.
+void ExpectFailure(const Outcome& outcome, const std::string& place, const std::string& reason) {
+  EXPECT_EQ(outcome.code, 2) << outcome.errors;
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
+  EXPECT_TRUE(outcome.errors.starts_with("sequence-index: " + place)) << outcome.errors;
+  EXPECT_NE(outcome.errors.find(reason), std::string::npos) << outcome.errors;
+}
+
+TEST(Program, HelpNamesTheCommandTheOptionsAndTheExitCodes) {
+  const Outcome help = RunProgram({"--help"});
+  EXPECT_EQ(help.code, 0);
+  EXPECT_NE(help.output.find("export"), std::string::npos);
+  EXPECT_NE(help.output.find("Exit codes: 0 done; 2"), std::string::npos);
+  const Outcome command = RunProgram({"export", "--help"});
+  EXPECT_EQ(command.code, 0);
+  for (const char* option : {"--output", "--gaps", "--columns"}) {
+    EXPECT_NE(command.output.find(option), std::string::npos) << option;
+  }
+}
+
+TEST(Program, VersionIsOneLine) {
+  const Outcome version = RunProgram({"--version"});
+  EXPECT_EQ(version.code, 0);
+  EXPECT_TRUE(version.output.starts_with("sequence-index "));
+  EXPECT_EQ(std::count(version.output.begin(), version.output.end(), '\n'), 1);
+}
+
+TEST(Program, ACommandLineThatMakesNoSenseIsOneLineAndExitTwo) {
+  ExpectFailure(RunProgram({}), "", "subcommand");
+  ExpectFailure(RunProgram({"frobnicate"}), "", "--help");
+  ExpectFailure(RunProgram({"export"}), "", "FILE");
+  ExpectFailure(RunProgram({"export", kDemo}), "", "--output");
+  ExpectFailure(RunProgram({"export", kDemo, "-o", "-", "--columns", "few"}), "", "--columns");
+  ExpectFailure(RunProgram({"export", kDemo, "-o", "-", "--frames"}), "", "--frames");
+}
+
+TEST(Export, WritesTheEightDefaultColumnsWithoutGaps) {
+  const Outcome outcome = Export(kDemo);
+  EXPECT_EQ(outcome.code, 0) << outcome.errors;
+  EXPECT_TRUE(outcome.output.starts_with(
+      "#,Label Color,Clip Name,Track,Start Time,Duration,Effects,Transitions\n"));
+  EXPECT_EQ(outcome.output.find("\n1,0,Gap"), std::string::npos);
+}
+
+TEST(Export, TheDemoIsExportedToTheByte) {
+  EXPECT_EQ(Export(kDemo).output, ReadFile(kFixtures + "demo-default.csv"));
+  EXPECT_EQ(Export(kDemo, {"--gaps", "--columns", "all"}).output,
+            ReadFile(kFixtures + "demo-all-gaps.csv"));
+}
+
+TEST(Export, AllColumnsAreTwentySix) {
+  const auto rows = csv::Parse(Export(kDemo, {"--columns", "all"}).output);
+  ASSERT_FALSE(rows.empty());
+  for (const csv::Row& row : rows) EXPECT_EQ(row.size(), 26U);
+}
+
+TEST(Export, EveryColumnOfTheDemoHasAText) {
+  const auto rows = csv::Parse(Export(kDemo, {"--gaps", "--columns", "all"}).output);
+  ASSERT_GT(rows.size(), 20U);
+  for (std::size_t column = 0; column < rows.front().size(); ++column) {
+    EXPECT_TRUE(std::any_of(rows.begin() + 1, rows.end(), [column](const csv::Row& row) {
+      return !row[column].empty();
+    })) << rows.front()[column];
+  }
+}
+
+TEST(Export, GapsAreKeptOnRequestAndNumberedAlong) {
+  const auto without = csv::Parse(Export(kDemo).output);
+  const auto with = csv::Parse(Export(kDemo, {"--gaps"}).output);
+  EXPECT_GT(with.size(), without.size());
+  EXPECT_EQ(with.back()[0], std::to_string(with.size() - 1));
+  EXPECT_EQ(without.back()[0], std::to_string(without.size() - 1));
+}
+
+TEST(Export, ColumnsDefaultIsWhatThePanelShowsByItself) {
+  EXPECT_EQ(Export(kDemo, {"--columns", "default"}).output, Export(kDemo).output);
+}
+
+TEST(Export, AFileHoldsTheSameBytesAsTheStream) {
+  const Folder folder;
+  const Outcome outcome = RunProgram({"export", kDemo, "-o", (folder / "out.csv").native()});
+  EXPECT_EQ(outcome.code, 0) << outcome.errors;
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(ReadFile(folder / "out.csv"), Export(kDemo).output);
+}
+
+TEST(Export, ANameWithSeveralDotsOrNoneIsKept) {
+  const Folder folder;
+  for (const char* name : {"cut.final.v2.csv", "plain", ".hidden", "odd name, with \"signs\".csv"}) {
+    EXPECT_EQ(RunProgram({"export", kDemo, "-o", (folder / name).native()}).code, 0) << name;
+    EXPECT_TRUE(fs::exists(folder / name)) << name;
+  }
+}
+
+TEST(Export, ReadsTheTimelineFromStandardInput) {
+  const Outcome outcome = RunProgram({"export", "-", "-o", "-"}, kDemo);
+  EXPECT_EQ(outcome.code, 0) << outcome.errors;
+  EXPECT_EQ(csv::Parse(outcome.output).size(), csv::Parse(Export(kDemo).output).size());
+}
+
+TEST(Export, InputThatCannotBeShownIsOneLineWithFileAndReason) {
+  const Folder folder;
+  const std::string file = (folder / "cut.otio").native();
+  ExpectFailure(Export(file), file, "does not exist");
+  ExpectFailure(Export(folder.GetPath().native()), folder.GetPath().native(), "director");
+  WriteFile(file, "");
+  ExpectFailure(Export(file), file, "empty");
+  const std::string demo = ReadFile(kDemo);
+  WriteFile(file, demo.substr(0, demo.size() / 2));
+  ExpectFailure(Export(file), file + ":", "");
+  WriteFile(file, "<?xml version=\"1.0\"?><fcpxml/>");
+  ExpectFailure(Export(file), file, "");
+  WriteFile(file, "{\"hello\": 1}");
+  ExpectFailure(Export(file), file, "");
+}
+
+TEST(Export, TwentyThousandNestedStacksEndInOneLine) {
+  const Folder folder;
+  std::string text;
+  for (int i = 0; i < 20000; ++i) text += "{\"OTIO_SCHEMA\":\"Stack.1\",\"children\":[";
+  for (int i = 0; i < 20000; ++i) text += "]}";
+  const std::string file = (folder / "deep.otio").native();
+  WriteFile(file, text);
+  ExpectFailure(Export(file), file, "256");
+}
+
+TEST(Export, AnOutputThatCannotBeWrittenIsOneLineAndLeavesNothing) {
+  const Folder folder;
+  ExpectFailure(RunProgram({"export", kDemo, "-o", (folder / "no/such/out.csv").native()}), "", "no/such");
+  ExpectFailure(RunProgram({"export", kDemo, "-o", folder.GetPath().native()}), folder.GetPath().native(),
+                "directory");
+  ExpectFailure(RunProgram({"export", kDemo, "-o", (folder / "a\\b.csv").native()}), "", "\\");
+  EXPECT_TRUE(fs::is_empty(folder.GetPath()));
+}
+
+TEST(Export, TheTimelineItselfIsNeverOverwritten) {
+  const Folder folder;
+  const std::string file = (folder / "cut.otio").native();
+  fs::copy_file(kDemo, file);
+  ExpectFailure(RunProgram({"export", file, "-o", file}), file, "timeline itself");
+  EXPECT_EQ(ReadFile(file), ReadFile(kDemo));
+}
+
+TEST(Export, AnOldFileStaysWhenTheInputIsBroken) {
+  const Folder folder;
+  WriteFile(folder / "out.csv", "old");
+  WriteFile(folder / "cut.otio", "{");
+  RunProgram({"export", (folder / "cut.otio").native(), "-o", (folder / "out.csv").native()});
+  EXPECT_EQ(ReadFile(folder / "out.csv"), "old");
+}
+
+TEST(Export, AFullDeviceIsOneLine) {
+  ExpectFailure(RunProgram({"export", kDemo, "-o", "-"}, "/dev/null", "/dev/full"), "standard output",
+                "No space");
+  ExpectFailure(RunProgram({"export", kDemo, "-o", "/dev/full"}), "", "/dev/full");
+}
+
+TEST(Export, NothingStaysInTheTemporaryFolder) {
+  const Folder folder;
+  setenv("TMPDIR", folder.GetPath().c_str(), 1);
+  const Outcome outcome = Export(kDemo);
+  unsetenv("TMPDIR");
+  EXPECT_EQ(outcome.code, 0) << outcome.errors;
+  EXPECT_TRUE(fs::is_empty(folder.GetPath()));
+}
+
+}  // namespace
