@@ -34,7 +34,8 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
   std::size_t CountRows() const;
   /// The row at a position, or null. Constant time.
   Row* GetRow(std::size_t position) const;
-  /// The position of a row of this tree. Constant time.
+  /// The position of a row of this tree. Constant time. Throws: qel_exception for a row of another tree
+  /// and for one that was removed.
   std::size_t GetRowIndex(const Row* row) const;
   /// The rows that the viewport shows, whole or in part, from the top.
   std::vector<Row*> GetVisibleRows() const;

@@ -15,7 +15,8 @@ class UI_MultiColumnTree;
 /// The header of a multi-column tree: which columns there are, in which order, and how wide.
 ///
 /// A new header row has one column, the tree's hierarchy column, with the identifier
-/// kHierarchyColumnID at display index 0; nothing can be put before it.
+/// kHierarchyColumnID at display index 0. It can't be removed, and stays in its place unless users may
+/// drag the first column too.
 /// All operations are [main-thread].
 class HOST_API UI_MultiColumnTreeHeaderRow : public ui::UI_SubView {
  public:
@@ -45,6 +46,9 @@ class HOST_API UI_MultiColumnTreeHeaderRow : public ui::UI_SubView {
 
   /// Whether users may drag columns, and whether the first one takes part.
   void SetAllowColumnMovingByUser(bool isAllowed, bool includingFirstColumn);
+  /// What a drag by the user does: the column at the display index `from` goes to `to`, the ones between
+  /// make room. False, and nothing moves, when there is no such place or the user may not.
+  bool MoveColumnByUser(std::size_t from, std::size_t to);
   void ShowSortIndicator(bool isShown);
   bool IsSortIndicatorShown() const;
 

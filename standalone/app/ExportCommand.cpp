@@ -1,5 +1,6 @@
 #include "standalone/app/ExportCommand.h"
 
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
@@ -30,7 +31,8 @@ DocumentDraft ReadDocument(const std::string& file) {
     ImportResult result = ReadTimelineFile(file == kStream ? kStandardInput : file, progress);
     line.Clear();
     for (const ImportNote& note : result.notes) {
-      std::cerr << MakeReportLine(file, note.line, note.place + ": " + note.sentence) << '\n';
+      const std::string place = note.place.empty() ? "" : note.place + ": ";
+      std::cerr << MakeReportLine(file, note.line, place + note.sentence) << '\n';
     }
     return std::move(result.document);
   } catch (const ImportError& error) {
@@ -80,8 +82,10 @@ void RunExport(const ExportArguments& arguments) {
     }
     const fs::path path = ResolveOutput(arguments);
     ExportTo(path, arguments, ReadDocument(arguments.file));
-  } catch (const qelcore::config::qel_exception& failure) {
-    throw CommandError(failure.what());
+  } catch (const qelcore::config::file_exception& failure) {
+    throw CommandError(failure.what());  // names the output itself
+  } catch (const std::exception& failure) {
+    throw CommandError(arguments.file, 0, failure.what());
   }
 }
 

@@ -13,10 +13,11 @@ namespace standalone {
 /// The host with the Sequence Index module loaded and its panel open, driven by a command: each wish is
 /// carried out as a user would, with the panel's own controls. [main-thread]
 ///
-/// Every operation raises a failure that the panel or a build of it met meanwhile as CommandError: a
+/// Every operation raises a failure that the panel or a build of it met meanwhile as std::runtime_error: a
 /// failed build must not pass as an empty table.
 class IndexSession {
  public:
+  /// Throws: std::runtime_error when the module can't be loaded or its panel can't be opened.
   IndexSession();
   /// Closes the panel and unloads the module.
   ~IndexSession();
@@ -29,8 +30,10 @@ class IndexSession {
   void ChooseColumns(ColumnChoice choice);
   /// Adds a document to the project, activates its first timeline, and waits for its rows.
   void ShowDocument(DocumentDraft document);
-  /// Confirms the export dialog with `file`, an absolute path.
+  /// Confirms the export dialog with `file`, an absolute path. Throws: also file_exception.
   void Export(const std::filesystem::path& file);
+
+  StandaloneHost& GetHost() noexcept { return host; }
 
  private:
   /// Waits until nothing is left to do.

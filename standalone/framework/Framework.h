@@ -11,6 +11,7 @@
 #include "host/UIF/TabView.h"
 #include "host/UIF/Windows.h"
 #include "host/qelcore/UTF8String.h"
+#include "standalone/runtime/FeatureRegistry.h"
 #include "standalone/runtime/StandaloneAPI.h"
 
 namespace standalone {
@@ -20,6 +21,8 @@ struct WindowClass {
   std::string windowTypeID;
   std::string handlerID;
   UIF::WindowClassType type{};
+  /// The library whose code declared it; 0: linked into the program. So in the two below.
+  std::uint64_t library = 0;
 };
 
 /// An entry of the Window menu.
@@ -28,6 +31,7 @@ struct WindowEntry {
   std::uint32_t windowID = 0;
   qelcore::UTF8String title;
   std::uint32_t windowContextID = 0;
+  std::uint64_t library = 0;
 };
 
 /// A panel's entry in the Window menu, with the menu it brings along.
@@ -35,6 +39,9 @@ struct WindowMenu {
   std::string id;
   qelcore::UTF8String title;
   std::string wingMenuID;
+  /// The window class it goes with: the one that was declared last before it; may be empty.
+  std::string windowTypeID;
+  std::uint64_t library = 0;
 };
 
 /// The application framework's registries: window classes and entries, command contexts, live handlers,
@@ -46,7 +53,9 @@ class STANDALONE_API Framework {
   Framework(const Framework&) = delete;
   Framework& operator=(const Framework&) = delete;
 
+  /// The framework that exists. Aborts with a sentence when there is none.
   static Framework& Current();
+  static bool Exists() noexcept;
 
   const std::vector<WindowClass>& GetWindowClasses() const;
   const std::vector<WindowEntry>& GetWindowEntries() const;
@@ -55,6 +64,9 @@ class STANDALONE_API Framework {
   /// Creates the handler of `handlerID` through its registered factory, or returns the live one. Empty
   /// when there is no factory, or the factory yields none.
   std::shared_ptr<HSL::Handler> ProvideHandler(std::string_view handlerID);
+  /// Provides the handlers of all registered factories, so that each declares its panel and its entry
+  /// in the Window menu.
+  void ProvideHandlers();
   /// Lets go of the live handlers, newest first.
   void DropHandlers();
 
@@ -66,22 +78,6 @@ class STANDALONE_API Framework {
  private:
   std::unique_ptr<State> state;
 };
-
-/// Switches a beta feature on or off, registered yet or not. [any-thread]
-STANDALONE_API void SwitchFeature(std::string_view name, bool isOn);
-
-/// A registered beta feature, for the menu that switches it.
-struct FeatureEntry {
-  std::string name;
-  std::uint32_t stage = 0;
-  std::string titleKey;
-  std::string descriptionKey;
-  std::string trackingKey;
-  std::uint32_t visibility = 0;
-  std::uint32_t changes = 0;
-  std::uint32_t defaultEnablement = 0;
-};
-STANDALONE_API std::vector<FeatureEntry> GetRegisteredFeatures();
 
 /// The ids for which a factory is registered, in the order registered.
 STANDALONE_API std::vector<std::string> GetRegisteredHandlerFactories();

@@ -4,6 +4,7 @@
 #include <functional>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "standalone/runtime/StandaloneAPI.h"
@@ -14,10 +15,10 @@ namespace standalone {
 /// listeners and callbacks), each as one sentence. [any-thread]
 class STANDALONE_API Log {
  public:
-  /// Records a failure: "<where>: <sentence>".
-  void ReportFailure(std::string_view where, std::string_view sentence);
+  /// Records a failure: "<where>: <sentence>". Throws: nothing; without memory the failure is lost.
+  void ReportFailure(std::string_view where, std::string_view sentence) noexcept;
   /// Records the failure of an exception, by its what().
-  void ReportFailure(std::string_view where, std::exception_ptr failure);
+  void ReportFailure(std::string_view where, std::exception_ptr failure) noexcept;
 
   /// The failures so far, oldest first; afterwards there are none.
   std::vector<std::string> TakeFailures();

@@ -16,6 +16,7 @@ class Log;
 class STANDALONE_API MainQueue {
  public:
   explicit MainQueue(Log& log);
+  /// Drops what waits, and what is posted while it is dropped.
   ~MainQueue();
   MainQueue(const MainQueue&) = delete;
   MainQueue& operator=(const MainQueue&) = delete;
@@ -31,8 +32,13 @@ class STANDALONE_API MainQueue {
 
   /// Functions that wait, due or not.
   std::size_t CountWaiting() const;
+  /// Whether a function waits, due or not, that the current loop may run.
+  bool HasRunnable() const;
+  /// Destroys all functions that wait without running them, those posted meanwhile included.
+  void DropAll();
 
-  /// The descriptor that becomes readable when a function is posted.
+  /// The descriptor that becomes readable when a function is posted, and stays so until RunOne,
+  /// RunUntilEmpty or WaitForWork finds nothing due.
   int GetWakeDescriptor() const;
 
   /// Marks a nested event loop (menu, modal dialog) for its lifetime: only functions that allow it run.

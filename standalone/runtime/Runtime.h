@@ -20,10 +20,11 @@ class STANDALONE_API Runtime {
     /// Threads of the own pool.
     unsigned poolThreads = 2;
     /// Stands in for the pool (a test that steps tasks by hand); null: the own pool.
-    std::shared_ptr<qelcore::threads::AsyncExecutor> cpuExecutor;
+    std::shared_ptr<qelcore::threads::AsyncExecutor> cpuExecutor = nullptr;
   };
 
-  explicit Runtime(Setup setup = Setup());
+  Runtime();
+  explicit Runtime(Setup setup);
   /// Ends the pool's threads, then drops what still waits for the main thread.
   ~Runtime();
   Runtime(const Runtime&) = delete;

@@ -14,6 +14,7 @@ namespace standalone {
 class STANDALONE_API SteppedExecutor final : public qelcore::threads::AsyncExecutor {
  public:
   SteppedExecutor();
+  /// Drops the tasks that wait.
   ~SteppedExecutor() override;
 
   void Submit(std::function<void()> task) override;
@@ -25,6 +26,9 @@ class STANDALONE_API SteppedExecutor final : public qelcore::threads::AsyncExecu
   std::size_t CountWaiting() const;
 
  private:
+  /// The oldest task, or an empty function.
+  std::function<void()> TakeOldest();
+
   mutable std::mutex mutex;
   std::deque<std::function<void()>> tasks;
 };

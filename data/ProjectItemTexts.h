@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/BE/Model.h"
+#include "host/qelcore/Reference.h"
+#include "host/qelcore/UTF8String.h"
+
+/// What people have noted on the project item that a track item's master clip belongs to. Empty
+/// without master clip or project item. [any-thread]
+namespace Vantrel {
+
+qelcore::UTF8String CommentText(const qelcore::Ref<BE::ITrackItem>& trackItem);
+qelcore::UTF8String DescriptionText(const qelcore::Ref<BE::ITrackItem>& trackItem);
+qelcore::UTF8String TapeNameText(const qelcore::Ref<BE::ITrackItem>& trackItem);
+
+}  // namespace Vantrel

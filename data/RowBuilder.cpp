@@ -1,0 +1,142 @@
+#include "data/RowBuilder.h"
+
+#include <cstddef>
+#include <string>
+#include <utility>
+
+#include "data/EffectScan.h"
+#include "data/FontScan.h"
+#include "data/ListText.h"
+#include "data/LocalizedText.h"
+#include "data/MediaTypes.h"
+#include "data/TransitionScan.h"
+#include "data/VideoCodecText.h"
+#include "host/BE/Utilities.h"
+#include "host/MZ/Clips.h"
+#include "host/MZ/Sequences.h"
+#include "host/UIF/QELConversionUtilities.h"
+#include "host/qelcore/Strings.h"
+
+namespace Vantrel {
+namespace {
+
+/// The longest name shown, in characters.
+constexpr std::size_t kNameLimit = 2048;
+
+/// The second argument of GetSequenceParentProject: the sequence's own parent, shown or not.
+constexpr bool kSearchParents = true;
+
+const qelcore::UTF8String& GapName() {
+  static const auto text = Localize("$$$/Vantrel/TrackItemRowData/EmptyItem=Gap");
+  return text;
+}
+
+const qelcore::UTF8String& ProxyStatusText(bool isOffline) {
+  static const auto offline = Localize("$$$/Corvel/MZ/ProxyOffline=Offline#{comment}QELMX-4248997");
+  static const auto online = Localize("$$$/Corvel/MZ/ProxyOnline=Online#{comment}QELMX-4248997");
+  return isOffline ? offline : online;
+}
+
+qelui::ColorRGBA LabelColorOf(const qelcore::Ref<BE::IClip>& clip) {
+  const auto project = BE::GetContainingProxyProject(clip);
+  return UIF::QELConversionUtilities::ZSLColorToQELColorRGBA(
+      MZ::ColorLabelUtils::GetDisplayLabelColorForClip(clip, project));
+}
+
+void FillSource(TrackItemRowData& row) {
+  const auto masterClip = BE::TrackItemUtils::GetMasterClip(row.trackItem);
+  if (!masterClip) return;
+  row.sourceClipName = masterClip->GetName();
+  const auto proxy = BE::MasterClipUtils::GetProxyMedia(masterClip);
+  if (!proxy) return;
+  row.proxyPath = proxy->GetAddress();
+  row.proxyStatus = ProxyStatusText(proxy->IsOffline());
+}
+
+void FillEffectsAndTransitions(TrackItemRowData& row, const BE::IComponentOwner& components) {
+  const NameLists effects = ScanEffects(components);
+  const NameLists transitions = ScanTransitions(row.trackItem);
+  std::string missing;
+  AppendNames(missing, effects.missing);
+  AppendNames(missing, transitions.missing);
+  row.effectsMissing = qelcore::UTF8String(missing);
+  row.effects = MakeListText(effects.present);
+  row.transitions = MakeListText(transitions.present);
+}
+
+void FillFonts(TrackItemRowData& row, const BE::IComponentOwner& components) {
+  if (!IsVideoRow(row) || !MZ::Graphics::IsGraphicsTrackItem(row.trackItem)) return;
+  const FontLists fonts = ScanFonts(components);
+  row.fontsUsed = MakeListText(fonts.used);
+  row.fontsMissing = MakeListText(fonts.missing);
+}
+
+qelcore::UTF8String ClipName(const TrackItemRowData& row, const BE::IClip& clip, bool hasProject) {
+  if (!hasProject) return clip.GetName();
+  return qelcore::string::ToSingleLine(MZ::FindClip::GetClipName(row.trackItem), kNameLimit);
+}
+
+}  // namespace
+
+RowBuilder::RowBuilder(const qelcore::Ref<BE::ISequence>& sequence, TrackItemDataList& rows)
+    : sequence(sequence),
+      parentProject(MZ::SequenceUtils::GetSequenceParentProject(sequence, kSearchParents)),
+      rows(rows) {}
+
+void RowBuilder::AppendRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
+  switch (trackItem->GetType()) {
+    case BE::kTrackItemType_Empty:
+      AppendGapRow(trackItem);
+      break;
+    case BE::kTrackItemType_Clip:
+      AppendClipRow(trackItem);
+      break;
+    default:
+      break;
+  }
+}
+
+void RowBuilder::AppendGapRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
+  // Only the open filler ends exactly there; a gap beyond is a gap.
+  if (trackItem->GetEnd() == qelmediatypes::kOneHundredHours) return;
+  TrackItemRowData row = MakeRow(trackItem);
+  row.name = GapName();
+  row.frameRate = GetFrameDuration(row.mediaType);
+  rows.push_back(std::move(row));
+}
+
+void RowBuilder::AppendClipRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
+  const auto clip = trackItem->GetClip();
+  const auto media = qelcore::Required(clip).GetMedia();
+  qelcore::Required(media);
+  const auto components = qelcore::RequireInterface<BE::IComponentOwner>(clip);
+
+  TrackItemRowData row = MakeRow(trackItem);
+  row.codec = VideoCodecText(row.mediaType, media);
+  row.labelColor = LabelColorOf(clip);
+  FillSource(row);
+  row.name = ClipName(row, *clip, static_cast<bool>(parentProject));
+  row.frameRate = clip->GetFrameDuration();
+  FillEffectsAndTransitions(row, *components);
+  FillFonts(row, *components);
+  rows.push_back(std::move(row));
+}
+
+TrackItemRowData RowBuilder::MakeRow(const qelcore::Ref<BE::ITrackItem>& trackItem) const {
+  TrackItemRowData row;
+  row.trackItem = trackItem;
+  row.sequence = sequence;
+  row.trackIndex = trackItem->GetTrackIndex();
+  row.start = trackItem->GetStart();
+  row.end = trackItem->GetEnd();
+  row.mediaType = trackItem->GetMediaType();
+  return row;
+}
+
+qelmediatypes::TickTime RowBuilder::GetFrameDuration(const BE::MediaType& mediaType) const {
+  if (mediaType == BE::kMediaType_Video) return sequence->GetVideoFrameDuration();
+  if (mediaType == BE::kMediaType_Audio) return sequence->GetAudioFrameDuration();
+  return qelmediatypes::kUnknownFrameDuration;
+}
+
+}  // namespace Vantrel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "data/TrackItemRowData.h"
+#include "host/BE/Model.h"
+#include "host/qelcore/Reference.h"
+
+namespace Vantrel {
+
+/// Builds the rows of one pass over a sequence. Lives on the thread of the pass, under its read lock;
+/// what all rows have in common is asked of the host once.
+class RowBuilder {
+ public:
+  /// Appends to `rows`, which outlives the builder.
+  RowBuilder(const qelcore::Ref<BE::ISequence>& sequence, TrackItemDataList& rows);
+  RowBuilder(const RowBuilder&) = delete;
+  RowBuilder& operator=(const RowBuilder&) = delete;
+
+  /// Appends the row of a clip or a gap; other items, and the open filler at the end of a track, have
+  /// none. Throws: null_pointer_exception naming the interface that a clip lacks; no row is appended.
+  void AppendRow(const qelcore::Ref<BE::ITrackItem>& trackItem);
+
+ private:
+  void AppendGapRow(const qelcore::Ref<BE::ITrackItem>& trackItem);
+  void AppendClipRow(const qelcore::Ref<BE::ITrackItem>& trackItem);
+  TrackItemRowData MakeRow(const qelcore::Ref<BE::ITrackItem>& trackItem) const;
+  qelmediatypes::TickTime GetFrameDuration(const BE::MediaType& mediaType) const;
+
+  const qelcore::Ref<BE::ISequence>& sequence;
+  const qelcore::Ref<BE::IProject> parentProject;
+  TrackItemDataList& rows;
+};
+
+}  // namespace Vantrel

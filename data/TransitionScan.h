@@ -1,0 +1,13 @@
+#pragma once
+
+#include "data/ListText.h"
+#include "host/BE/Model.h"
+#include "host/qelcore/Reference.h"
+
+namespace Vantrel {
+
+/// The names of the transitions at the start ("[IN]: Cross Dissolve") and at the end ("[OUT]: ") of a
+/// clip. A missing transition stands in the first list only, under the same prefix. [any-thread]
+NameLists ScanTransitions(const qelcore::Ref<BE::ITrackItem>& trackItem);
+
+}  // namespace Vantrel

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "standalone/import/JsonTree.h"
+
+namespace standalone {
+
+/// Fills a JsonTree from the events of the parser, which calls the operations named after JSON's
+/// values. Each returns false to end the parse.
+class JsonTreeBuilder {
+ public:
+  JsonTreeBuilder(JsonTree& tree, const ImportProgress& progress, double lastFraction);
+  void Parse();
+
+  bool Null();
+  bool Bool(bool value);
+  bool RawNumber(const char* text, unsigned length, bool copy);
+  bool String(const char* text, unsigned length, bool copy);
+  bool StartObject();
+  bool Key(const char* text, unsigned length, bool copy);
+  bool EndObject(unsigned memberCount);
+  bool StartArray();
+  bool EndArray(unsigned elementCount);
+  /// Never called, since numbers come with their digits, but the parser's template names them.
+  bool Int(int) { return false; }
+  bool Uint(unsigned) { return false; }
+  bool Int64(std::int64_t) { return false; }
+  bool Uint64(std::uint64_t) { return false; }
+  bool Double(double) { return false; }
+
+ private:
+  /// The parser's view of the buffer: decodes strings in place and counts lines on the way. A line
+  /// break inside a string is escaped, so every real one passes here before its bytes can be
+  /// overwritten.
+  struct Stream;
+
+  struct OpenContainer {
+    std::uint32_t node;
+    JsonContext context;
+  };
+
+  bool IsWanted();
+  void AddName(const char* text, unsigned length);
+  void AddNode(JsonValue::Type type, const char* text, std::size_t length);
+  bool Open(JsonValue::Type type);
+  bool Close();
+  bool GoesOn();
+  [[noreturn]] void ThrowParseError(int code, std::size_t offset) const;
+
+  JsonTree& tree;
+  const ImportProgress& progress;
+  double lastFraction;
+  const Stream* stream = nullptr;
+  std::vector<OpenContainer> open;
+  /// Depth inside a container that is dropped; 0: nothing is dropped.
+  std::size_t droppedDepth = 0;
+  JsonKey key = JsonKey::kNone;
+  bool isMemberDropped = false;
+  bool isCancelled = false;
+  std::size_t nextReport = 0;
+};
+
+}  // namespace standalone

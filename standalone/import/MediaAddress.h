@@ -1,0 +1,51 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "standalone/runtime/StandaloneAPI.h"
+
+namespace standalone {
+
+/// A media address of a timeline file, taken apart.
+struct MediaAddress {
+  /// As people read it: a file URL is its decoded path, a relative address is decoded, plain absolute
+  /// paths and addresses of other schemes stand as they are written.
+  std::string text;
+  /// Where this machine can look for the file; empty for other schemes, paths of other platforms and
+  /// shares of other machines.
+  std::filesystem::path lookUpPath;
+};
+
+/// `written` is the URL or path in the file, `folder` the absolute folder of the timeline file.
+/// A relative address whose name really holds "%41" is found as well: the look-up takes what is written
+/// when nothing lies at the decoded name.
+STANDALONE_API MediaAddress ReadMediaAddress(std::string_view written,
+                                             const std::filesystem::path& folder);
+
+/// Decodes %XX. Returns the text unchanged if any "%" is not followed by two hex digits, or if the
+/// result would hold a zero byte or be no UTF-8.
+STANDALONE_API std::string DecodePercent(std::string_view text);
+
+/// The last part of an address. Parts end at "/", and at "\" too when the address starts with a drive
+/// letter or with "\\".
+STANDALONE_API std::string_view GetFileName(std::string_view address);
+
+/// Without the last "." and what follows; a name that only starts with "." is kept whole.
+STANDALONE_API std::string_view RemoveExtension(std::string_view fileName);
+
+/// Whether the name ends like a picture file.
+bool HasStillImageExtension(std::string_view fileName);
+
+/// Which media files exist. Timelines name the same few files over and over, so each is looked up once.
+class FileLookUp {
+ public:
+  bool Exists(const std::filesystem::path& file);
+
+ private:
+  std::unordered_map<std::string, bool> known;
+};
+
+}  // namespace standalone

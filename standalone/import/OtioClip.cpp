@@ -1,0 +1,167 @@
+#include "standalone/import/OtioClip.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+#include "standalone/import/LabelPalette.h"
+#include "standalone/import/OtioEffects.h"
+
+namespace standalone {
+namespace {
+
+/// The metadata of a clip that is read again and again.
+struct ClipMetadata {
+  explicit ClipMetadata(JsonValue item)
+      : index(GetIndexMetadata(item)),
+        cmx(item[JsonKey::kMetadata][JsonKey::kCMX3600]),
+        xml(item[JsonKey::kMetadata][JsonKey::kFCPXML7]) {}
+
+  JsonValue index;
+  JsonValue cmx;
+  JsonValue xml;
+};
+
+/// A channel of 0 to 1 in 8 bits.
+std::optional<std::uint8_t> ReadChannel(JsonValue value) {
+  const auto number = ParseDecimal(value.GetNumber());
+  if (!number) return std::nullopt;
+  constexpr std::int64_t kOne = 1'000'000'000'000'000'000;
+  const Wide units = std::clamp(number->units, Wide{0}, Wide{kOne});
+  return static_cast<std::uint8_t>((units * 255 + kOne / 2) / kOne);
+}
+
+std::optional<ZSL::Color> ReadColor(JsonValue color) {
+  const auto red = ReadChannel(color[JsonKey::kRed]);
+  const auto green = ReadChannel(color[JsonKey::kGreen]);
+  const auto blue = ReadChannel(color[JsonKey::kBlue]);
+  if (!red || !green || !blue) return std::nullopt;
+  return ZSL::Color{*red, *green, *blue, ReadChannel(color[JsonKey::kAlpha]).value_or(255)};
+}
+
+void ReadLabel(JsonValue item, const ClipMetadata& metadata, ClipDraft& clip) {
+  const JsonValue own = metadata.index[JsonKey::kLabelColor];
+  const JsonValue color = item[JsonKey::kColor];
+  const JsonValue label2 = metadata.xml[JsonKey::kLabels][JsonKey::kLabel2];
+  auto found = ParseHexColor(own.GetText());
+  JsonValue name = metadata.index[JsonKey::kLabelName];
+  if (!found) {
+    found = ReadColor(color);
+    if (found && name.GetText().empty()) name = color[JsonKey::kName];
+  }
+  if (!found && !label2.GetText().empty()) {
+    found = FindLabelColor(label2.GetText());
+    if (name.GetText().empty()) name = label2;
+  }
+  clip.labelColor = found.value_or(kDefaultLabelColor);
+  clip.labelName = name.GetString();
+  if (clip.labelName.empty()) clip.labelName = FindLabelName(clip.labelColor);
+}
+
+std::string JoinTexts(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) {
+    if (!joined.empty()) joined += "; ";
+    joined += text;
+  }
+  return joined;
+}
+
+std::string ReadTape(const ClipMetadata& metadata, JsonValue referenceXML) {
+  const auto reel = [](JsonValue file) {
+    return file[JsonKey::kTimecode][JsonKey::kReel][JsonKey::kName];
+  };
+  return FirstText({metadata.index[JsonKey::kTape], metadata.cmx[JsonKey::kReel],
+                    reel(metadata.xml[JsonKey::kFile]), reel(referenceXML[JsonKey::kFile]),
+                    reel(referenceXML)});
+}
+
+void ReadRemarks(const ClipMetadata& metadata, JsonValue reference, ClipDraft& clip) {
+  const JsonValue referenceMetadata = reference[JsonKey::kMetadata];
+  clip.description = FirstText({metadata.index[JsonKey::kDescription],
+                                metadata.xml[JsonKey::kLoggingInfo][JsonKey::kDescription]});
+  clip.comment = FirstText({metadata.index[JsonKey::kComment],
+                            metadata.xml[JsonKey::kComments][JsonKey::kMasterComment1],
+                            referenceMetadata[JsonKey::kFCPX][JsonKey::kNote]});
+  if (clip.comment.empty()) clip.comment = JoinTexts(ReadTexts(metadata.cmx[JsonKey::kComments]));
+  clip.tapeName = ReadTape(metadata, referenceMetadata[JsonKey::kFCPXML7]);
+}
+
+MulticamDraft ReadMulticam(JsonValue multicam) {
+  MulticamDraft draft;
+  if (!multicam.IsObject()) return draft;
+  draft.isMulticam = multicam[JsonKey::kIsMulticam].GetBool().value_or(true);
+  draft.cameraNames = ReadTexts(multicam[JsonKey::kAngles]);
+  const std::string camera = multicam[JsonKey::kCamera].GetString();
+  const auto found = std::find(draft.cameraNames.begin(), draft.cameraNames.end(), camera);
+  draft.selectedCamera = static_cast<std::size_t>(found - draft.cameraNames.begin());
+  // A camera that is not among the angles is still the one that plays.
+  if (found == draft.cameraNames.end() && !camera.empty()) draft.cameraNames.push_back(camera);
+  if (camera.empty()) draft.selectedCamera = 0;
+  return draft;
+}
+
+/// What clips, nested items and unknown ones have in common.
+ClipDraft ReadItem(JsonValue item, JsonValue reference, OtioImport& import, const OtioPlace& place) {
+  const ClipMetadata metadata(item);
+  ClipDraft clip;
+  clip.name = item[JsonKey::kName].GetString();
+  clip.sourceClipName = metadata.index[JsonKey::kSourceClipName].GetString();
+  clip.videoInfo = metadata.index[JsonKey::kVideoInfo].GetString();
+  clip.isAdjustment = metadata.index[JsonKey::kAdjustment].GetBool().value_or(false);
+  clip.isDisabled = !IsOtioEnabled(item);
+  clip.multicam = ReadMulticam(metadata.index[JsonKey::kMulticam]);
+  ReadLabel(item, metadata, clip);
+  ReadRemarks(metadata, reference, clip);
+  ReadEffects(item, import, place, clip);
+  return clip;
+}
+
+void FillNames(JsonValue reference, ClipDraft& clip) {
+  const std::string_view fileName = GetFileName(clip.media.address);
+  const std::string referenceName = reference[JsonKey::kName].GetString();
+  if (clip.name.empty()) clip.name = referenceName;
+  if (clip.name.empty()) clip.name = RemoveExtension(fileName);
+  if (clip.sourceClipName.empty()) clip.sourceClipName = referenceName;
+  if (clip.sourceClipName.empty()) clip.sourceClipName = fileName;
+}
+
+/// Picture files that do not tell their rate keep it unknown; what the host generates runs at the
+/// sequence's. Sound never has a picture rate.
+qelmediatypes::TickTime ReadFrameDuration(const OtioReference& reference, bool isSynthetic,
+                                          TrackKind kind, const OtioSequenceRates& rates) {
+  if (const auto rate = ReadMediaRate(reference, kind)) return rate->ToFrameRate().GetFrameDuration();
+  if (kind == TrackKind::kAudio) return rates.unknownAudio.GetFrameDuration();
+  return isSynthetic ? rates.video.GetFrameDuration() : qelmediatypes::kUnknownFrameDuration;
+}
+
+}  // namespace
+
+ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind kind,
+                       const OtioSequenceRates& rates, OtioImport& import, const OtioPlace& place) {
+  ClipDraft draft = ReadItem(clip, reference.object, import, place);
+  draft.media = ReadMedia(reference, import);
+  const OtioReference proxy = FindProxyReference(clip, import, place);
+  if (proxy.object.HasValue()) draft.proxy = ReadMedia(proxy, import);
+  FillNames(reference.object, draft);
+  draft.frameDuration = ReadFrameDuration(reference, draft.media.isSynthetic, kind, rates);
+  if (draft.videoInfo.empty() && kind == TrackKind::kVideo) {
+    draft.videoInfo = ReadFrameSize(reference.object);
+  }
+  ReadGraphics(clip, reference, draft);
+  return draft;
+}
+
+ClipDraft ReadOtioNestedItem(JsonValue item, OtioImport& import, const OtioPlace& place) {
+  ClipDraft draft = ReadItem(item, JsonValue(), import, place);
+  draft.media.isSynthetic = true;
+  if (draft.sourceClipName.empty()) draft.sourceClipName = draft.name;
+  return draft;
+}
+
+ClipDraft ReadOtioUnknownItem(JsonValue item, OtioImport& import, const OtioPlace& place) {
+  return ReadItem(item, JsonValue(), import, place);
+}
+
+}  // namespace standalone

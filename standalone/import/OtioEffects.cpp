@@ -1,0 +1,128 @@
+#include "standalone/import/OtioEffects.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/ML/TextFilter.h"
+#include "standalone/import/KnownWriters.h"
+#include "standalone/import/TextCase.h"
+
+namespace standalone {
+namespace {
+
+void AddFont(std::vector<std::string>& fonts, std::string font) {
+  if (font.empty() || std::find(fonts.begin(), fonts.end(), font) != fonts.end()) return;
+  fonts.push_back(std::move(font));
+}
+
+/// The members of an object that name a font.
+void AddFontMembers(JsonValue object, std::vector<std::string>& fonts) {
+  for (const JsonValue member : object) {
+    if (member.GetKey() != JsonKey::kFont) continue;
+    for (std::string& font : ReadTexts(member)) AddFont(fonts, std::move(font));
+  }
+}
+
+bool ChangesSpeed(JsonValue effect, OtioKind kind) {
+  if (!IsOtioEnabled(effect)) return false;
+  if (kind == OtioKind::kFreezeFrame) return true;
+  const JsonValue scalar = effect[JsonKey::kTimeScalar];
+  if (!scalar.HasValue()) return kind == OtioKind::kTimeEffect;
+  constexpr Decimal kNormalSpeed{1'000'000'000'000'000'000};
+  return ParseDecimal(scalar.GetNumber()) != kNormalSpeed;
+}
+
+bool IsIntrinsic(JsonValue effect) {
+  const auto flag = GetIndexMetadata(effect)[JsonKey::kIntrinsic].GetBool();
+  if (flag) return *flag;
+  const JsonValue writer = effect[JsonKey::kMetadata][JsonKey::kResolve];
+  return IsBuiltInPanel(writer[JsonKey::kWriterEffectName].GetText());
+}
+
+ComponentDraft ReadEffect(JsonValue effect, std::string_view schemaName) {
+  const JsonValue metadata = effect[JsonKey::kMetadata];
+  const JsonValue index = metadata[JsonKey::kSequenceIndex];
+  ComponentDraft component;
+  component.displayName = FirstText({index[JsonKey::kDisplayName], effect[JsonKey::kName],
+                                     metadata[JsonKey::kResolve][JsonKey::kWriterEffectName],
+                                     effect[JsonKey::kEffectName]});
+  if (component.displayName.empty()) component.displayName = schemaName;
+  component.isIntrinsic = IsIntrinsic(effect);
+  component.isMissing = index[JsonKey::kMissing].GetBool().value_or(false);
+  AddFontMembers(metadata, component.fonts);
+  component.matchName = component.fonts.empty() ? effect[JsonKey::kEffectName].GetString()
+                                                : std::string(ML::kMatchnameText);
+  return component;
+}
+
+/// "toucan:Text" and "Text" alike.
+bool DrawsText(std::string_view effectName) {
+  const std::string_view name = effectName.substr(effectName.rfind(':') + 1);
+  return EqualsIgnoringCase(name, "text") || EqualsIgnoringCase(name, "draw");
+}
+
+bool IsTextGenerator(JsonValue item, const OtioReference& reference) {
+  if (reference.kind != OtioKind::kGeneratorReference) return false;
+  const JsonValue parameters = reference.object[JsonKey::kParameters];
+  if (parameters[JsonKey::kText].HasValue() || parameters[JsonKey::kFont].HasValue()) return true;
+  for (const JsonValue effect : item[JsonKey::kEffects]) {
+    if (DrawsText(effect[JsonKey::kEffectName].GetText())) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void ReadEffects(JsonValue item, OtioImport& import, const OtioPlace& place, ClipDraft& clip) {
+  for (const JsonValue effect : item[JsonKey::kEffects]) {
+    if (!effect.IsObject()) continue;
+    const OtioSchema schema = import.Recognise(effect, place);
+    switch (schema.kind) {
+      case OtioKind::kLinearTimeWarp:
+      case OtioKind::kFreezeFrame:
+      case OtioKind::kTimeEffect:
+        clip.hasSpeedChange = clip.hasSpeedChange || ChangesSpeed(effect, schema.kind);
+        continue;
+      case OtioKind::kEffect:
+        break;
+      default:
+        import.AddNote(
+            place, effect,
+            "Unknown kind of effect \"" + std::string(schema.name) + "\"; only its name is used.");
+    }
+    clip.components.push_back(ReadEffect(effect, schema.name));
+  }
+}
+
+void ReadGraphics(JsonValue item, const OtioReference& reference, ClipDraft& clip) {
+  const JsonValue clipIndex = GetIndexMetadata(item);
+  const JsonValue mediaIndex = GetIndexMetadata(reference.object);
+  ComponentDraft text;
+  for (const JsonValue listed : {clipIndex[JsonKey::kFonts], mediaIndex[JsonKey::kFonts]}) {
+    for (std::string& font : ReadTexts(listed)) AddFont(text.fonts, std::move(font));
+  }
+  const bool hasListedFonts = !text.fonts.empty();
+  AddFontMembers(reference.object[JsonKey::kParameters], text.fonts);
+  const auto flag = mediaIndex[JsonKey::kGraphic].GetBool();
+  clip.isGraphic = flag ? *flag : hasListedFonts || IsTextGenerator(item, reference);
+  if (text.fonts.empty()) return;
+  text.displayName = ML::kMatchnameText;
+  text.matchName = ML::kMatchnameText;
+  text.isIntrinsic = true;
+  clip.components.push_back(std::move(text));
+}
+
+TransitionDraft ReadTransition(JsonValue transition) {
+  const JsonValue metadata = transition[JsonKey::kMetadata];
+  const JsonValue index = metadata[JsonKey::kSequenceIndex];
+  TransitionDraft draft;
+  draft.displayName =
+      FirstText({index[JsonKey::kDisplayName], transition[JsonKey::kName],
+                 metadata[JsonKey::kResolve][JsonKey::kWriterEffects][JsonKey::kWriterEffectName],
+                 transition[JsonKey::kTransitionType]});
+  if (draft.displayName.empty()) draft.displayName = "Transition";
+  draft.isMissing = index[JsonKey::kMissing].GetBool().value_or(false);
+  return draft;
+}
+
+}  // namespace standalone

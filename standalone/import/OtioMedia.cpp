@@ -1,0 +1,186 @@
+#include "standalone/import/OtioMedia.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "standalone/import/TextCase.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::string_view kFileNotFound = "Media file not found";
+constexpr std::string_view kNoMedia = "Media is missing";
+
+std::string_view GetActiveKey(JsonValue clip) {
+  const std::string_view key = clip[JsonKey::kActiveMediaReferenceKey].GetText();
+  return key.empty() ? "DEFAULT_MEDIA" : key;
+}
+
+OtioReference Classify(JsonValue object, OtioImport& import, const OtioPlace& place) {
+  if (!object.HasValue()) return {};
+  const OtioSchema schema = import.Recognise(object, place);
+  OtioReference reference{object, schema.kind};
+  if (schema.kind == OtioKind::kUnknown) {
+    import.AddNote(place, object,
+                   "Unknown kind of media reference \"" + std::string(schema.name) +
+                       "\"; only its address is used.");
+  }
+  return reference;
+}
+
+std::optional<std::int64_t> ReadInteger(JsonValue value) {
+  const auto number = ParseDecimal(value.GetNumber());
+  constexpr std::int64_t kUnitsPerOne = 1'000'000'000'000'000'000;
+  if (!number) return std::nullopt;
+  return static_cast<std::int64_t>(number->units / kUnitsPerOne);
+}
+
+/// base + prefix + first number + suffix, the number padded with zeros.
+std::string GetFirstPicture(JsonValue reference) {
+  // Wider than any file name in use; the file could say anything.
+  constexpr std::int64_t kWidestNumber = 64;
+  std::string url(reference[JsonKey::kTargetURLBase].GetText());
+  if (!url.empty() && url.back() != '/') url += '/';
+  url += reference[JsonKey::kNamePrefix].GetText();
+  const std::int64_t first = ReadInteger(reference[JsonKey::kStartFrame]).value_or(1);
+  const auto width =
+      std::min(ReadInteger(reference[JsonKey::kFrameZeroPadding]).value_or(0), kWidestNumber);
+  const std::string digits = std::to_string(first < 0 ? -first : first);
+  if (first < 0) url += '-';
+  for (auto length = static_cast<std::int64_t>(digits.size()); length < width; ++length) url += '0';
+  return url.append(digits).append(reference[JsonKey::kNameSuffix].GetText());
+}
+
+std::uint32_t ReadFourCC(JsonValue value) {
+  const std::string_view text = value.GetText();
+  if (text.size() != 4) return 0;
+  std::uint32_t code = 0;
+  for (const char c : text) code = code << 8 | static_cast<unsigned char>(c);
+  return code;
+}
+
+bool LooksLikeStill(const OtioReference& reference, std::string_view address) {
+  if (reference.kind != OtioKind::kExternalReference) return false;
+  if (!HasStillImageExtension(GetFileName(address))) return false;
+  const OtioRange range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]);
+  constexpr Decimal kOneFrame{1'000'000'000'000'000'000};
+  return !range.isPresent || (range.duration.time && range.duration.time->value == kOneFrame);
+}
+
+void ReadStatus(JsonValue status, MediaDraft& media) {
+  media.isPendingConnection = status.GetText() == "pending_connection";
+  media.isGrowing = status.GetText() == "growing";
+  media.isPendingRelink = status.GetText() == "pending_relink";
+}
+
+bool HasFile(OtioKind kind) {
+  return kind == OtioKind::kExternalReference || kind == OtioKind::kImageSequenceReference;
+}
+
+/// Addresses of other schemes can't be looked up and count as online.
+bool IsFileLost(const OtioReference& reference, const MediaAddress& address, OtioImport& import) {
+  if (!HasFile(reference.kind)) return false;
+  if (address.lookUpPath.empty()) return address.text.find("://") == std::string::npos;
+  return !import.FileExists(address.lookUpPath);
+}
+
+void ReadOffline(const OtioReference& reference, const MediaAddress& address, OtioImport& import,
+                 MediaDraft& media) {
+  const JsonValue index = GetIndexMetadata(reference.object);
+  const bool isMissing = reference.kind == OtioKind::kMissingReference;
+  const auto flag = index[JsonKey::kOffline].GetBool();
+  media.isOffline = flag ? *flag : isMissing || IsFileLost(reference, address, import);
+  if (!media.isOffline) return;
+  media.offlineReason = index[JsonKey::kOfflineReason].GetString();
+  if (media.offlineReason.empty()) media.offlineReason = isMissing ? kNoMedia : kFileNotFound;
+}
+
+}  // namespace
+
+JsonValue FindActiveMedia(JsonValue clip) {
+  const JsonValue references = clip[JsonKey::kMediaReferences];
+  if (!references.IsObject()) return clip[JsonKey::kMediaReference];
+  const std::string_view key = GetActiveKey(clip);
+  for (const JsonValue entry : references) {
+    if (entry.GetMemberName() == key) return entry;
+  }
+  return {};
+}
+
+OtioReference FindActiveReference(JsonValue clip, OtioImport& import, const OtioPlace& place) {
+  const JsonValue media = FindActiveMedia(clip);
+  if (media.GetType() == JsonValue::Type::kNone && clip[JsonKey::kMediaReferences].IsObject()) {
+    import.AddNote(place, clip,
+                   "The active media \"" + std::string(GetActiveKey(clip)) +
+                       "\" is not among the clip's media; it is shown as missing.");
+  }
+  return Classify(media, import, place);
+}
+
+OtioReference FindProxyReference(JsonValue clip, OtioImport& import, const OtioPlace& place) {
+  const JsonValue references = clip[JsonKey::kMediaReferences];
+  const std::string_view active = GetActiveKey(clip);
+  JsonValue named;
+  for (const JsonValue entry : references) {
+    if (!entry.IsObject()) continue;
+    const auto flag = GetIndexMetadata(entry)[JsonKey::kProxy].GetBool();
+    if (flag.value_or(false)) return Classify(entry, import, place);
+    const bool hasName = ContainsIgnoringCase(entry.GetMemberName(), "proxy");
+    if (hasName && !flag && entry.GetMemberName() != active && !named.HasValue()) named = entry;
+  }
+  return Classify(named, import, place);
+}
+
+MediaAddress ReadReferenceAddress(const OtioReference& reference, const OtioImport& import) {
+  switch (reference.kind) {
+    case OtioKind::kGeneratorReference:
+      return {};
+    case OtioKind::kImageSequenceReference:
+      return ReadMediaAddress(GetFirstPicture(reference.object), import.GetFolder());
+    case OtioKind::kMissingReference:
+      return ReadMediaAddress(
+          reference.object[JsonKey::kMetadata][JsonKey::kResolve][JsonKey::kWriterMediaURL].GetString(),
+          import.GetFolder());
+    default:
+      return ReadMediaAddress(reference.object[JsonKey::kTargetURL].GetString(), import.GetFolder());
+  }
+}
+
+MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import) {
+  const JsonValue index = GetIndexMetadata(reference.object);
+  const MediaAddress address = ReadReferenceAddress(reference, import);
+  MediaDraft media;
+  media.address = address.text;
+  media.lookUpPath = address.lookUpPath.string();
+  media.isSynthetic =
+      index[JsonKey::kSynthetic].GetBool().value_or(reference.kind == OtioKind::kGeneratorReference);
+  ReadOffline(reference, address, import, media);
+  ReadStatus(index[JsonKey::kStatus], media);
+  media.codec = index[JsonKey::kCodec].GetString();
+  media.fourCC = ReadFourCC(index[JsonKey::kFourCC]);
+  const auto still = index[JsonKey::kStill].GetBool();
+  media.isStill = still ? *still : LooksLikeStill(reference, media.address);
+  return media;
+}
+
+std::optional<Rate> ReadMediaRate(const OtioReference& reference, TrackKind kind) {
+  const auto range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]).GetRate();
+  if (kind == TrackKind::kAudio) return range && !range->IsPictureRate() ? range : std::nullopt;
+  if (range && range->IsPictureRate()) return range;
+  if (reference.kind != OtioKind::kImageSequenceReference) return std::nullopt;
+  const auto pictures = ParseRate(reference.object[JsonKey::kRate].GetNumber());
+  return pictures && pictures->IsPictureRate() ? pictures : std::nullopt;
+}
+
+std::string ReadFrameSize(JsonValue reference) {
+  const JsonValue index = GetIndexMetadata(reference);
+  const auto width = ReadInteger(index[JsonKey::kWidth]);
+  const auto height = ReadInteger(index[JsonKey::kHeight]);
+  if (!width || !height || *width <= 0 || *height <= 0) return {};
+  std::string aspect(index[JsonKey::kPixelAspect].GetNumber());
+  if (aspect.empty()) aspect = "1";
+  if (aspect.find('.') == std::string::npos) aspect += ".0";
+  return std::to_string(*width) + " x " + std::to_string(*height) + " (" + aspect + ")";
+}
+
+}  // namespace standalone

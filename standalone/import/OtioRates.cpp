@@ -1,0 +1,109 @@
+#include "standalone/import/OtioRates.h"
+
+#include <array>
+#include <cstdint>
+#include <numeric>
+
+#include "standalone/import/OtioMedia.h"
+
+namespace standalone {
+namespace {
+
+constexpr std::int64_t kUnitsPerOne = 1'000'000'000'000'000'000;
+
+/// A rate in metadata: a number or a text such as "30000/1001".
+std::optional<Rate> ReadNamedRate(JsonValue value) {
+  return ParseRate(value.GetText().empty() ? value.GetNumber() : value.GetText());
+}
+
+/// The range that gives an item its duration.
+OtioRange ReadTrimmedRange(JsonValue item) {
+  const OtioRange own = ReadOtioRange(item[JsonKey::kSourceRange]);
+  if (own.isPresent) return own;
+  return ReadOtioRange(FindActiveMedia(item)[JsonKey::kAvailableRange]);
+}
+
+/// Durations counted in one fine time base, to find the frame that all of them are multiples of.
+class CommonStep {
+ public:
+  void Add(const RationalTime& duration) {
+    if (!base) base = duration.rate;
+    if (duration.rate != *base || duration.value.units % kUnitsPerOne != 0) return;
+    divisor = std::gcd(divisor, static_cast<std::int64_t>(duration.value.units / kUnitsPerOne));
+  }
+
+  /// Pulled rates first: whole multiples of 1001 don't come about by chance.
+  std::optional<Rate> FindFrameRate() const {
+    constexpr std::array kFrameRates = {
+        Rate{24000, 1001}, Rate{30000, 1001},  Rate{60000, 1001}, Rate{24, 1},
+        Rate{25, 1},       Rate{30, 1},        Rate{48, 1},       Rate{50, 1},
+        Rate{60, 1},       Rate{120000, 1001}, Rate{120, 1},
+    };
+    if (!base || divisor == 0) return std::nullopt;
+    for (const Rate& rate : kFrameRates) {
+      const Wide step = Wide{base->numerator} * rate.denominator;
+      const Wide count = Wide{base->denominator} * rate.numerator;
+      if (step % count == 0 && divisor % (step / count) == 0) return rate;
+    }
+    return std::nullopt;
+  }
+
+ private:
+  std::optional<Rate> base;
+  std::int64_t divisor = 0;
+};
+
+/// Of video, the first picture rate that an item or its media is counted in.
+std::optional<Rate> FindItemRate(const std::vector<OtioTrackSource>& tracks, TrackKind kind) {
+  CommonStep step;
+  for (const OtioTrackSource& track : tracks) {
+    if (track.kind != kind) continue;
+    for (const JsonValue item : track.items) {
+      const OtioRange range = ReadTrimmedRange(item);
+      const auto rate = range.GetRate();
+      if (rate && rate->IsPictureRate()) return rate;
+      if (!rate || kind != TrackKind::kVideo) continue;
+      const JsonValue media = FindActiveMedia(item);
+      const auto mediaRate = ReadMediaRate({media, GetOtioSchema(media).kind}, TrackKind::kVideo);
+      if (mediaRate) return mediaRate;
+      if (range.duration.time) step.Add(*range.duration.time);
+    }
+  }
+  return step.FindFrameRate();
+}
+
+std::optional<Rate> FindSampleRate(const std::vector<OtioTrackSource>& tracks) {
+  for (const OtioTrackSource& track : tracks) {
+    if (track.kind != TrackKind::kAudio) continue;
+    for (const JsonValue item : track.items) {
+      const auto rate = ReadTrimmedRange(item).GetRate();
+      if (rate && !rate->IsPictureRate()) return rate;
+    }
+  }
+  return std::nullopt;
+}
+
+Rate FindVideoRate(JsonValue timeline, const std::vector<OtioTrackSource>& tracks,
+                   std::optional<Rate> parent) {
+  const auto named = ReadNamedRate(GetIndexMetadata(timeline)[JsonKey::kFrameRate]);
+  if (named && named->IsPictureRate()) return *named;
+  const auto start = ReadOtioTime(timeline[JsonKey::kGlobalStartTime]).rate;
+  if (start && start->IsPictureRate()) return *start;
+  if (const auto video = FindItemRate(tracks, TrackKind::kVideo)) return *video;
+  if (const auto audio = FindItemRate(tracks, TrackKind::kAudio)) return *audio;
+  return parent.value_or(Rate{24, 1});
+}
+
+}  // namespace
+
+OtioSequenceRate FindOtioRates(JsonValue timeline, const std::vector<OtioTrackSource>& tracks,
+                               std::optional<Rate> parent) {
+  OtioSequenceRate rates;
+  rates.video = FindVideoRate(timeline, tracks, parent);
+  const auto named = ReadNamedRate(GetIndexMetadata(timeline)[JsonKey::kAudioRate]);
+  rates.isAudioRateNamed = named.has_value();
+  rates.audio = named ? *named : FindSampleRate(tracks).value_or(Rate{48000, 1});
+  return rates;
+}
+
+}  // namespace standalone

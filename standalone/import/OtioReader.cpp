@@ -1,0 +1,130 @@
+#include "standalone/import/OtioReader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "standalone/import/OtioImport.h"
+#include "standalone/import/OtioSequences.h"
+
+namespace standalone {
+namespace {
+
+/// Parsing takes about as long as building.
+constexpr double kParsedFraction = 0.5;
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// What a file has at its top, collections taken apart.
+struct TopObjects {
+  std::vector<JsonValue> timelines;
+  std::vector<JsonValue> compositions;
+  std::vector<JsonValue> clips;
+  std::vector<JsonValue> others;
+};
+
+void Collect(JsonValue object, TopObjects& top, OtioImport& import) {
+  switch (import.Recognise(object, OtioPlace()).kind) {
+    case OtioKind::kTimeline:
+      top.timelines.push_back(object);
+      break;
+    case OtioKind::kStack:
+    case OtioKind::kTrack:
+      top.compositions.push_back(object);
+      break;
+    case OtioKind::kClip:
+      top.clips.push_back(object);
+      break;
+    default:
+      top.others.push_back(object);
+  }
+}
+
+/// Collections may hold collections, in any depth: they are taken apart in the order of the file
+/// without a call for each level.
+TopObjects FindTopObjects(JsonValue root, OtioImport& import) {
+  TopObjects top;
+  std::vector<JsonValue> waiting = {root};
+  while (!waiting.empty()) {
+    const JsonValue object = waiting.back();
+    waiting.pop_back();
+    if (GetOtioSchema(object).kind != OtioKind::kCollection) {
+      Collect(object, top, import);
+      continue;
+    }
+    import.Recognise(object, OtioPlace());
+    const auto first = static_cast<std::ptrdiff_t>(waiting.size());
+    for (const JsonValue child : object[JsonKey::kChildren]) waiting.push_back(child);
+    std::reverse(waiting.begin() + first, waiting.end());
+  }
+  return top;
+}
+
+void NoteLoose(const std::vector<JsonValue>& objects, std::string_view word, OtioImport& import) {
+  for (const JsonValue object : objects) {
+    const std::string name = object[JsonKey::kName].GetString();
+    import.AddNote(OtioPlace{{}, {}, word, name}, object,
+                   "It stands beside the timelines and is not shown.");
+  }
+}
+
+/// Timelines if there are any, else what can stand for one.
+std::vector<JsonValue> ChooseSequences(TopObjects top, OtioImport& import) {
+  if (!top.timelines.empty()) {
+    NoteLoose(top.compositions, "track", import);
+    NoteLoose(top.clips, "clip", import);
+    NoteLoose(top.others, "object", import);
+    return std::move(top.timelines);
+  }
+  if (!top.compositions.empty()) {
+    NoteLoose(top.clips, "clip", import);
+    NoteLoose(top.others, "object", import);
+    return std::move(top.compositions);
+  }
+  if (!top.clips.empty()) NoteLoose(top.others, "object", import);
+  return std::move(top.clips);
+}
+
+/// Only OpenTimelineIO names the schema of every object.
+void RequireSchema(JsonValue root) {
+  if (!root[JsonKey::kSchema].GetText().empty()) return;
+  throw ImportError(root.GetLine(),
+                    "This is JSON but no OpenTimelineIO: its top object has no \"OTIO_SCHEMA\".");
+}
+
+}  // namespace
+
+std::string_view OtioReader::GetFormatName() const {
+  return "OpenTimelineIO";
+}
+
+bool OtioReader::Recognises(std::string_view beginning, const std::filesystem::path&) const {
+  if (beginning.starts_with(kByteOrderMark)) beginning.remove_prefix(kByteOrderMark.size());
+  const std::size_t first = beginning.find_first_not_of(" \t\r\n");
+  return first != std::string_view::npos && (beginning[first] == '{' || beginning[first] == '[');
+}
+
+ImportResult OtioReader::Read(std::string buffer, const std::filesystem::path& file,
+                              const ImportProgress& progress) const {
+  const JsonTree tree(std::move(buffer), progress, kParsedFraction);
+  RequireSchema(tree.GetRoot());
+  OtioImport import(file, progress);
+  import.SetScale(kParsedFraction, tree.GetNodeCount());
+  const std::vector<JsonValue> objects =
+      ChooseSequences(FindTopObjects(tree.GetRoot(), import), import);
+  if (objects.empty()) {
+    throw ImportError(tree.GetRoot().GetLine(),
+                      "There is nothing to show: no timeline, track, stack or clip.");
+  }
+  OtioSequenceBuilder builder(import, objects.size());
+  ImportResult result;
+  for (const JsonValue object : objects) result.document.sequences.push_back(builder.Build(object));
+  result.document.timelineCount = objects.size();
+  for (SequenceDraft& nested : builder.TakeNested()) {
+    result.document.sequences.push_back(std::move(nested));
+  }
+  result.notes = import.TakeNotes();
+  import.Finish();
+  return result;
+}
+
+}  // namespace standalone

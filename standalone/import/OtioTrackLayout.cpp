@@ -1,0 +1,242 @@
+#include "standalone/import/OtioTrackLayout.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "standalone/import/OtioEffects.h"
+
+namespace standalone {
+namespace {
+
+using qelmediatypes::TickTime;
+
+bool IsNested(OtioKind kind) {
+  return kind == OtioKind::kStack || kind == OtioKind::kTrack;
+}
+
+/// One track under construction.
+class TrackLayout {
+ public:
+  TrackLayout(const OtioTrackSource& source, const OtioWindow& window, const OtioTrackContext& context,
+              TrackDraft& track)
+      : source(source), window(window), context(context), import(context.import), track(track) {}
+
+  TimeSum LayOut();
+
+ private:
+  void PlaceItem(JsonValue item);
+  void PlaceTransition(JsonValue transition);
+  void PlaceGap(JsonValue gap);
+  void PlaceClip(JsonValue clip);
+  void PlaceNested(JsonValue item, OtioKind kind);
+  void PlaceUnknown(JsonValue item, const OtioSchema& schema);
+
+  /// Moves on by the range's duration, or stays where it can't be read, which is noted.
+  void Advance(JsonValue item, const OtioRange& range);
+  void AdvanceTo(const TimeSum& duration);
+  bool IsVisible() const;
+  /// Adds the item between start and end, cut to the window, unless nothing of it is visible.
+  void Append(std::optional<ClipDraft> clip);
+  void DropTrailingGaps();
+  void NoteCut(JsonValue item);
+  OtioPlace PlaceOf(std::string_view word, std::string_view name) const;
+
+  const OtioTrackSource& source;
+  const OtioWindow& window;
+  const OtioTrackContext& context;
+  OtioImport& import;
+  TrackDraft& track;
+
+  TimeSum position;
+  TickTime start;
+  TickTime end;
+  bool isCut = false;
+  bool isAfterTransition = false;
+  /// Whether the last item of the track is a clip that the next object follows directly.
+  bool isAfterClip = false;
+  std::optional<TransitionDraft> pendingTransition;
+};
+
+TimeSum TrackLayout::LayOut() {
+  position.Add(window.shift);
+  end = position.ToTicks();
+  for (const JsonValue item : source.items) {
+    if (end >= qelmediatypes::kOneHundredHours) {
+      NoteCut(item);
+      break;
+    }
+    PlaceItem(item);
+  }
+  DropTrailingGaps();
+  return position;
+}
+
+void TrackLayout::PlaceItem(JsonValue item) {
+  import.Reach(item);
+  if (!item.IsObject()) {
+    import.AddNote(PlaceOf({}, {}), item,
+                   "Something that is no item stands on the track; it is left out.");
+    return;
+  }
+  const OtioSchema schema = import.Recognise(item, PlaceOf("item", item[JsonKey::kName].GetText()));
+  if (schema.kind == OtioKind::kTransition) {
+    PlaceTransition(item);
+    return;
+  }
+  isAfterTransition = false;
+  if (schema.kind == OtioKind::kGap) {
+    PlaceGap(item);
+  } else if (schema.kind == OtioKind::kClip) {
+    PlaceClip(item);
+  } else if (IsNested(schema.kind)) {
+    PlaceNested(item, schema.kind);
+  } else {
+    PlaceUnknown(item, schema);
+  }
+  if (end > qelmediatypes::kOneHundredHours) NoteCut(item);
+}
+
+/// A transition takes no time and belongs to the clips that it touches; next to a gap it is a fade.
+void TrackLayout::PlaceTransition(JsonValue transition) {
+  if (isAfterTransition) {
+    import.AddNote(PlaceOf("transition", transition[JsonKey::kName].GetText()), transition,
+                   "Two transitions follow each other; only the first is kept.");
+    return;
+  }
+  isAfterTransition = true;
+  pendingTransition = ReadTransition(transition);
+  if (isAfterClip) track.items.back().clip->tailTransition = pendingTransition;
+}
+
+void TrackLayout::PlaceGap(JsonValue gap) {
+  Advance(gap, ReadOtioRange(gap[JsonKey::kSourceRange]));
+  Append(std::nullopt);
+  isAfterClip = false;
+  pendingTransition.reset();
+}
+
+void TrackLayout::PlaceClip(JsonValue clip) {
+  const OtioPlace place = PlaceOf("clip", clip[JsonKey::kName].GetText());
+  const OtioReference reference = FindActiveReference(clip, import, place);
+  OtioRange range = ReadOtioRange(clip[JsonKey::kSourceRange]);
+  if (!range.isPresent) range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]);
+  Advance(clip, range);
+  if (!IsVisible()) return;
+  Append(ReadOtioClip(clip, reference, source.kind, context.rates, import, place));
+}
+
+void TrackLayout::PlaceNested(JsonValue item, OtioKind kind) {
+  const std::string_view name = item[JsonKey::kName].GetText();
+  const OtioNestedSequence nested = context.nest(item);
+  const OtioRange range = ReadOtioRange(item[JsonKey::kSourceRange]);
+  if (range.isPresent) {
+    Advance(item, range);
+  } else {
+    AdvanceTo(nested.length);
+  }
+  if (!IsVisible()) return;
+  const OtioPlace place = PlaceOf(kind == OtioKind::kStack ? "stack" : "track", name);
+  ClipDraft clip = ReadOtioNestedItem(item, import, place);
+  if (clip.name.empty()) clip.name = nested.name;
+  if (clip.sourceClipName.empty()) clip.sourceClipName = nested.name;
+  const bool isVideo = source.kind == TrackKind::kVideo;
+  clip.frameDuration = (isVideo ? nested.videoRate : nested.audioRate).GetFrameDuration();
+  clip.nestedSequence = nested.index;
+  Append(std::move(clip));
+}
+
+/// An object that the format's vocabulary lacks still takes its time.
+void TrackLayout::PlaceUnknown(JsonValue item, const OtioSchema& schema) {
+  const OtioPlace place = PlaceOf("item", item[JsonKey::kName].GetText());
+  const OtioRange range = ReadOtioRange(item[JsonKey::kSourceRange]);
+  TimeSum duration;
+  if (range.duration.time) duration.Add(*range.duration.time);
+  AdvanceTo(duration);
+  import.AddNote(place, item,
+                 "Unknown kind of object \"" + std::string(schema.name) +
+                     (range.duration.time ? "\"; it is shown as a clip without media."
+                                          : "\"; it is shown as a clip without media and duration."));
+  if (!IsVisible()) return;
+  ClipDraft clip = ReadOtioUnknownItem(item, import, place);
+  if (source.kind == TrackKind::kAudio)
+    clip.frameDuration = context.rates.unknownAudio.GetFrameDuration();
+  Append(std::move(clip));
+}
+
+void TrackLayout::Advance(JsonValue item, const OtioRange& range) {
+  TimeSum duration;
+  if (range.duration.time) duration.Add(*range.duration.time);
+  AdvanceTo(duration);
+  const bool isStartBad = !range.start.trouble.empty();
+  if (range.duration.time && !isStartBad) return;
+  std::string sentence = "It has no range";
+  if (!range.duration.trouble.empty()) {
+    sentence = "Its duration ";
+    sentence += range.duration.trouble;
+  } else if (isStartBad) {
+    sentence = "The start of its range ";
+    sentence += range.start.trouble;
+  }
+  sentence += range.duration.time ? "; its duration is used." : "; it is shown with duration 0.";
+  const bool isGap = GetOtioSchema(item).kind == OtioKind::kGap;
+  import.AddNote(PlaceOf(isGap ? "gap" : "clip", item[JsonKey::kName].GetText()), item,
+                 std::move(sentence));
+}
+
+void TrackLayout::AdvanceTo(const TimeSum& duration) {
+  position.Add(duration);
+  start = end;
+  end = position.ToTicks();
+  if (IsVisible()) return;
+  isAfterClip = false;
+  pendingTransition.reset();
+}
+
+bool TrackLayout::IsVisible() const {
+  const bool isEmpty = start == end;
+  if (start > window.highest || (start == window.highest && !isEmpty)) return false;
+  return end > window.lowest || (end == window.lowest && isEmpty);
+}
+
+void TrackLayout::Append(std::optional<ClipDraft> clip) {
+  if (!IsVisible()) return;
+  isAfterClip = clip.has_value();
+  if (clip) clip->headTransition = std::exchange(pendingTransition, std::nullopt);
+  track.items.push_back(
+      TrackItemDraft{std::max(start, window.lowest), std::min(end, window.highest), std::move(clip)});
+}
+
+void TrackLayout::DropTrailingGaps() {
+  while (!track.items.empty() && !track.items.back().clip) track.items.pop_back();
+}
+
+void TrackLayout::NoteCut(JsonValue item) {
+  if (!isCut)
+    import.AddNote(PlaceOf({}, {}), item, "The track is longer than 100 hours; it is cut there.");
+  isCut = true;
+}
+
+OtioPlace TrackLayout::PlaceOf(std::string_view word, std::string_view name) const {
+  return OtioPlace{context.sequenceName, source.label, word, name};
+}
+
+}  // namespace
+
+TimeSum LayOutTrack(const OtioTrackSource& source, const OtioWindow& window,
+                    const OtioTrackContext& context, TrackDraft& track) {
+  return TrackLayout(source, window, context, track).LayOut();
+}
+
+std::optional<TimeSum> MeasureTrack(const OtioTrackSource& source) {
+  TimeSum length;
+  for (const JsonValue item : source.items) {
+    const OtioKind kind = GetOtioSchema(item).kind;
+    OtioRange range = ReadOtioRange(item[JsonKey::kSourceRange]);
+    if (!range.isPresent && IsNested(kind)) return std::nullopt;
+    if (!range.isPresent) range = ReadOtioRange(FindActiveMedia(item)[JsonKey::kAvailableRange]);
+    if (range.duration.time && kind != OtioKind::kTransition) length.Add(*range.duration.time);
+  }
+  return length;
+}
+
+}  // namespace standalone

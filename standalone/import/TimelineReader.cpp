@@ -1,0 +1,67 @@
+#include "standalone/import/TimelineReader.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "standalone/import/FileBuffer.h"
+#include "standalone/import/OtioReader.h"
+
+namespace standalone {
+namespace {
+
+/// A beginning that tells a format which can't be read, and what to say then.
+struct ForeignFormat {
+  std::string_view beginning;
+  const char* sentence;
+};
+
+constexpr std::array kForeignFormats = {
+    ForeignFormat{"PK\x03\x04", "This is a zip archive; take the .otio file out of it and give that."},
+    ForeignFormat{"\xFF\xFE", "The text is UTF-16; save the file as UTF-8."},
+    ForeignFormat{"\xFE\xFF", "The text is UTF-16; save the file as UTF-8."},
+    ForeignFormat{"<", "XML timelines can't be read yet; export OpenTimelineIO (.otio)."},
+    ForeignFormat{"TITLE:", "Edit decision lists can't be read yet; export OpenTimelineIO (.otio)."},
+};
+
+constexpr const char* kUnknownFormat =
+    "This is no timeline in a known format; give an OpenTimelineIO file (.otio).";
+
+std::string_view SkipBlanks(std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+  return text;
+}
+
+[[noreturn]] void ThrowForeign(std::string_view text) {
+  const std::string_view beginning = SkipBlanks(text);
+  if (beginning.empty()) throw ImportError(0, "The file holds only blanks; export the timeline again.");
+  for (const ForeignFormat& format : kForeignFormats) {
+    if (beginning.starts_with(format.beginning)) throw ImportError(1, format.sentence);
+  }
+  throw ImportError(1, kUnknownFormat);
+}
+
+}  // namespace
+
+ImportError::ImportError(std::size_t line, std::string sentence)
+    : std::runtime_error(std::move(sentence)), line(line) {}
+
+TimelineReader::~TimelineReader() = default;
+
+ImportResult ReadTimelineFile(const std::filesystem::path& file, const ImportProgress& progress) {
+  static const OtioReader otio;
+  static const std::array<const TimelineReader*, 1> readers = {&otio};
+  // Enough for any format to show itself behind blanks and comments.
+  constexpr std::size_t kBeginning = 4096;
+  std::string buffer = ReadWholeFile(file);
+  for (const TimelineReader* reader : readers) {
+    if (reader->Recognises(std::string_view(buffer).substr(0, kBeginning), file)) {
+      return reader->Read(std::move(buffer), file, progress);
+    }
+  }
+  ThrowForeign(buffer);
+}
+
+}  // namespace standalone

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/model/SequenceDraft.h"
+#include "standalone/runtime/StandaloneAPI.h"
+
+namespace standalone {
+
+/// One thing that a reader noticed about an item; the file still opens, and the item is kept with what
+/// is known of it.
+struct ImportNote {
+  /// Where, for people: `track V2, clip "Intro"`.
+  std::string place;
+  /// Line of the file, from 1; 0: unknown.
+  std::size_t line = 0;
+  /// What is wrong and what was made of it, one sentence.
+  std::string sentence;
+};
+
+/// A file that can't be shown. what() is one sentence that says what is wrong and what to do; it does
+/// not repeat the file's name.
+class STANDALONE_API ImportError : public std::runtime_error {
+ public:
+  /// `line` counts from 1; 0: none.
+  ImportError(std::size_t line, std::string sentence);
+  std::size_t GetLine() const { return line; }
+
+ private:
+  std::size_t line;
+};
+
+struct ImportResult {
+  DocumentDraft document;
+  /// In the order of the file.
+  std::vector<ImportNote> notes;
+};
+
+/// How a long read is followed and stopped. Both functions are optional, are called on the reading
+/// thread, and must not throw.
+struct ImportProgress {
+  /// From 0 to 1, never falling.
+  std::function<void(double fraction)> report;
+  /// Asked now and then; true ends the read with an ImportError.
+  std::function<bool()> isCancelled;
+};
+
+/// A reader of one kind of timeline file. Readers hold no state: [any-thread], several reads at once.
+class STANDALONE_API TimelineReader {
+ public:
+  virtual ~TimelineReader();
+  TimelineReader(const TimelineReader&) = delete;
+  TimelineReader& operator=(const TimelineReader&) = delete;
+
+  /// For people: "OpenTimelineIO".
+  virtual std::string_view GetFormatName() const = 0;
+  /// Whether a file that starts with `beginning` is of this format. The name decides only where the
+  /// content can't.
+  virtual bool Recognises(std::string_view beginning, const std::filesystem::path& file) const = 0;
+  /// Reads the file's whole content, `buffer`, which it may overwrite; `file` gives the name of an
+  /// unnamed timeline and the folder for relative media addresses. Throws ImportError.
+  virtual ImportResult Read(std::string buffer, const std::filesystem::path& file,
+                            const ImportProgress& progress) const = 0;
+
+ protected:
+  TimelineReader() = default;
+};
+
+/// Reads a timeline file of any known format. Time and memory grow linearly with the file. [any-thread]
+/// Throws ImportError: missing, a folder, unreadable, empty, truncated, of no known format, with
+/// nothing to show, nested deeper than 256 levels, or cancelled.
+STANDALONE_API ImportResult ReadTimelineFile(const std::filesystem::path& file,
+                                             const ImportProgress& progress = {});
+
+}  // namespace standalone

@@ -1,0 +1,129 @@
+#include <algorithm>
+#include <utility>
+
+#include "host/ML/TextFilter.h"
+#include "standalone/model/ContentBuilder.h"
+#include "standalone/model/TextDocumentFormat.h"
+
+namespace standalone {
+namespace {
+
+MediaFlags FlagsOf(const MediaDraft& draft) {
+  MediaFlags flags;
+  flags.isSynthetic = draft.isSynthetic;
+  flags.isOffline = draft.isOffline;
+  flags.isPendingConnection = draft.isPendingConnection;
+  flags.isGrowing = draft.isGrowing;
+  flags.isPendingRelink = draft.isPendingRelink;
+  return flags;
+}
+
+/// The numbers of a media in one: its flags above its four-character code.
+std::uint64_t PackNumbers(const MediaDraft& draft, bool hasPicture) {
+  std::uint64_t packed = 0;
+  for (const bool flag : {draft.isSynthetic, draft.isOffline, draft.isPendingConnection,
+                          draft.isGrowing, draft.isPendingRelink, hasPicture}) {
+    packed = packed << 1U | (flag ? 1U : 0U);
+  }
+  return packed << 32U | draft.fourCC;
+}
+
+}  // namespace
+
+ClipBuilder::ClipBuilder(SequenceContent& content, TextPool& texts) : content(content), texts(texts) {}
+
+template <std::size_t kSize>
+std::size_t ClipBuilder::KeyHash<kSize>::operator()(const Key<kSize>& key) const noexcept {
+  std::uint64_t hash = 14695981039346656037ULL;
+  for (const std::uint64_t part : key) {
+    hash = (hash ^ part) * 1099511628211ULL;
+    hash ^= hash >> 32U;
+  }
+  return static_cast<std::size_t>(hash);
+}
+
+std::uint64_t ClipBuilder::KeyOf(const std::string& text) {
+  return reinterpret_cast<std::uintptr_t>(texts.Share(text).View().data());
+}
+
+ClipNode& ClipBuilder::Build(const ClipDraft& draft, bool hasPicture, TransitionNode* head,
+                             TransitionNode* tail) {
+  ClipNode::Values values;
+  values.name = texts.Share(draft.name);
+  values.videoInfo = texts.Share(draft.videoInfo);
+  values.frameDuration = draft.frameDuration;
+  values.media = &ShareMedia(draft.media, hasPicture);
+  values.masterClip = ShareMasterClip(draft, *values.media);
+  values.headTransition = head;
+  values.tailTransition = tail;
+  values.cameras = BuildCameras(draft.multicam);
+  values.firstComponent = content.components.Size();
+  BuildComponents(draft);
+  values.componentCount = content.components.Size() - values.firstComponent;
+  values.labelColor = draft.labelColor;
+  values.isGraphic = draft.isGraphic;
+  if (!draft.media.address.empty()) ++content.usageCounts[texts.Share(draft.media.address).View()];
+  return content.clips.Add(content, std::move(values));
+}
+
+MediaNode& ClipBuilder::ShareMedia(const MediaDraft& draft, bool hasPicture) {
+  const Key<4> key{KeyOf(draft.address), KeyOf(draft.offlineReason), KeyOf(draft.codec),
+                   PackNumbers(draft, hasPicture)};
+  MediaNode*& node = media[key];
+  if (node == nullptr) node = &BuildMedia(draft, hasPicture);
+  return *node;
+}
+
+MediaNode& ClipBuilder::BuildMedia(const MediaDraft& draft, bool hasPicture) {
+  VideoSourceNode* source = nullptr;
+  if (hasPicture || !draft.codec.empty() || draft.fourCC != 0) {
+    source = &content.videoSources.Add(content, texts.Share(draft.codec), draft.fourCC);
+  }
+  OfflineReasonNode* reason = nullptr;
+  if (draft.isOffline) reason = &content.offlineReasons.Add(content, texts.Share(draft.offlineReason));
+  return content.media.Add(content, texts.Share(draft.address), FlagsOf(draft), source, reason);
+}
+
+MasterClipNode* ClipBuilder::ShareMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
+  const Key<6> key{KeyOf(draft.media.address), KeyOf(draft.sourceClipName),
+                   KeyOf(draft.comment),       KeyOf(draft.description),
+                   KeyOf(draft.tapeName),      draft.proxy ? KeyOf(draft.proxy->address) : 0};
+  // A proxy is a fact even when nobody knows where it lies.
+  const bool hasFacts =
+      draft.proxy || std::any_of(key.begin(), key.end(), [](auto part) { return part != 0; });
+  if (!hasFacts) return nullptr;
+  MasterClipNode*& node = masterClips[key];
+  if (node == nullptr) node = &BuildMasterClip(draft, clipMedia);
+  return node;
+}
+
+MasterClipNode& ClipBuilder::BuildMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
+  MediaNode* const proxy = draft.proxy ? &ShareMedia(*draft.proxy, false) : nullptr;
+  ProjectItemNode::Texts itemTexts{texts.Share(draft.comment), texts.Share(draft.description),
+                                   texts.Share(draft.tapeName)};
+  return content.masterClips.Add(content, texts.Share(draft.sourceClipName), clipMedia, proxy,
+                                 std::move(itemTexts));
+}
+
+void ClipBuilder::BuildComponents(const ClipDraft& draft) {
+  for (const ComponentDraft& component : draft.components) {
+    content.components.Add(content, texts.Share(component.displayName),
+                           texts.Share(component.matchName), component.isIntrinsic, component.isMissing,
+                           BuildDocument(component));
+  }
+}
+
+ComponentParamNode* ClipBuilder::BuildDocument(const ComponentDraft& draft) {
+  if (draft.matchName != ML::kMatchnameText) return nullptr;
+  return &content.componentParams.Add(content, EncodeTextDocument(draft.fonts));
+}
+
+const MulticamCameras* ClipBuilder::BuildCameras(const MulticamDraft& draft) {
+  if (!draft.isMulticam) return nullptr;
+  MulticamCameras& cameras = content.multicamCameras.Add();
+  for (const std::string& name : draft.cameraNames) cameras.names.push_back(texts.Share(name));
+  if (draft.selectedCamera < cameras.names.size()) cameras.selected = draft.selectedCamera;
+  return &cameras;
+}
+
+}  // namespace standalone

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "host/BE/Model.h"
+#include "host/ZSL/Color.h"
+#include "host/qelcore/UTF8String.h"
+#include "host/qelmediatypes/TickTime.h"
+#include "standalone/model/ContentNode.h"
+#include "standalone/model/MasterClipNode.h"
+#include "standalone/model/MediaNode.h"
+#include "standalone/model/TransitionNode.h"
+
+namespace standalone {
+
+/// The cameras of a clip with several of them.
+struct MulticamCameras {
+  std::vector<qelcore::UTF8String> names;
+  /// An index into the names; 0 when there are none.
+  std::size_t selected = 0;
+};
+
+class ClipNode final : public ContentNode<BE::IClip, BE::IComponentOwner> {
+ public:
+  static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("standalone::ClipNode");
+
+  /// What a clip shows. Pointers lead to nodes of the same content; all but the media may be null.
+  struct Values {
+    qelcore::UTF8String name;
+    qelcore::UTF8String videoInfo;
+    qelmediatypes::TickTime frameDuration;
+    MediaNode* media = nullptr;
+    MasterClipNode* masterClip = nullptr;
+    TransitionNode* headTransition = nullptr;
+    TransitionNode* tailTransition = nullptr;
+    const MulticamCameras* cameras = nullptr;
+    /// Where the clip's components lie among those of the content.
+    std::size_t firstComponent = 0;
+    std::size_t componentCount = 0;
+    ZSL::Color labelColor;
+    bool isGraphic = false;
+  };
+
+  ClipNode(const SequenceContent& content, Values values);
+
+  void* QueryInterface(qelcore::InterfaceID id) noexcept override;
+  qelcore::UTF8String GetName() const override { return values.name; }
+  qelmediatypes::TickTime GetFrameDuration() const override { return values.frameDuration; }
+  qelcore::Ref<BE::IMedia> GetMedia() const override;
+  std::size_t GetComponentCount() const override { return values.componentCount; }
+  qelcore::Ref<BE::IComponent> GetComponent(std::size_t index) const override;
+
+  const Values& GetValues() const noexcept { return values; }
+
+  /// The project that holds the clip's proxy, or empty.
+  qelcore::Ref<BE::IProject> GetContainingProxyProject() const;
+
+ private:
+  Values values;
+};
+
+/// The clip that a track item plays, as far as this host made it; owned. Empty for gaps, and for
+/// objects that answer the public interfaces only.
+qelcore::Ref<ClipNode> FindClipNode(const qelcore::Ref<BE::ITrackItem>& trackItem);
+
+/// Borrowed; null as above.
+ClipNode* FindClipNode(const qelcore::Ref<BE::IClip>& clip) noexcept;
+
+}  // namespace standalone

@@ -1,0 +1,49 @@
+#include "standalone/model/MasterClipNode.h"
+
+#include <utility>
+
+namespace standalone {
+namespace {
+
+constexpr std::string_view kCommentProperty = "Column.PropertyText.Comment";
+
+}  // namespace
+
+ProjectItemNode::ProjectItemNode(const SequenceContent& content, Texts texts)
+    : ContentNode(content), texts(std::move(texts)) {}
+
+void* ProjectItemNode::QueryInterface(qelcore::InterfaceID id) noexcept {
+  return id == BE::IProjectItem::kInterfaceID ? static_cast<BE::IProjectItem*>(this) : nullptr;
+}
+
+qelcore::UTF8String ProjectItemNode::GetColumnProperty(std::string_view propertyName) const {
+  return propertyName == kCommentProperty ? texts.comment : qelcore::UTF8String();
+}
+
+MasterClipNode::MasterClipNode(const SequenceContent& content, qelcore::UTF8String name,
+                               MediaNode& media, MediaNode* proxy, ProjectItemNode::Texts texts)
+    : ContentNode(content),
+      name(std::move(name)),
+      media(&media),
+      proxy(proxy),
+      projectItem(content, std::move(texts)) {}
+
+void* MasterClipNode::QueryInterface(qelcore::InterfaceID id) noexcept {
+  if (id == BE::IMasterClip::kInterfaceID) return static_cast<BE::IMasterClip*>(this);
+  if (id == kInterfaceID) return this;
+  return nullptr;
+}
+
+qelcore::Ref<BE::IMedia> MasterClipNode::GetMedia() const {
+  return qelcore::Ref<BE::IMedia>(media);
+}
+
+qelcore::Ref<BE::IMedia> MasterClipNode::GetProxyMedia() const {
+  return qelcore::Ref<BE::IMedia>(proxy);
+}
+
+qelcore::Ref<BE::IProjectItem> MasterClipNode::GetProjectItem() {
+  return qelcore::Ref<BE::IProjectItem>(&projectItem);
+}
+
+}  // namespace standalone

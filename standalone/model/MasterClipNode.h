@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string_view>
+
+#include "host/BE/Model.h"
+#include "host/qelcore/UTF8String.h"
+#include "standalone/model/ContentNode.h"
+#include "standalone/model/MediaNode.h"
+
+namespace standalone {
+
+class ProjectItemNode final : public ContentNode<BE::IProjectItem> {
+ public:
+  struct Texts {
+    qelcore::UTF8String comment;
+    qelcore::UTF8String description;
+    qelcore::UTF8String tapeName;
+  };
+
+  ProjectItemNode(const SequenceContent& content, Texts texts);
+
+  void* QueryInterface(qelcore::InterfaceID id) noexcept override;
+  qelcore::UTF8String GetColumnProperty(std::string_view propertyName) const override;
+  qelcore::UTF8String GetDescription() const override { return texts.description; }
+  qelcore::UTF8String GetTapeName() const override { return texts.tapeName; }
+
+ private:
+  Texts texts;
+};
+
+/// A master clip with its project item.
+class MasterClipNode final : public ContentNode<BE::IMasterClip> {
+ public:
+  static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("standalone::MasterClipNode");
+
+  /// `media` and `proxy` are nodes of the same content; there may be no proxy.
+  MasterClipNode(const SequenceContent& content, qelcore::UTF8String name, MediaNode& media,
+                 MediaNode* proxy, ProjectItemNode::Texts texts);
+
+  void* QueryInterface(qelcore::InterfaceID id) noexcept override;
+  qelcore::UTF8String GetName() const override { return name; }
+  qelcore::Ref<BE::IMedia> GetMedia() const override;
+
+  qelcore::Ref<BE::IMedia> GetProxyMedia() const;
+  qelcore::Ref<BE::IProjectItem> GetProjectItem();
+
+ private:
+  qelcore::UTF8String name;
+  MediaNode* media;
+  MediaNode* proxy;
+  ProjectItemNode projectItem;
+};
+
+}  // namespace standalone

@@ -1,0 +1,79 @@
+#include "standalone/model/SequenceNode.h"
+
+#include <utility>
+
+#include "standalone/model/ModelWriteLock.h"
+#include "standalone/runtime/Runtime.h"
+
+namespace standalone {
+
+template <typename Interface>
+SequenceNode::StationFace<Interface>::StationFace(SequenceNode& owner)
+    : station(qelcore::messaging::UniqueStationID()), owner(owner) {
+  qelcore::messaging::RegisterStation(station);
+}
+
+template <typename Interface>
+SequenceNode::StationFace<Interface>::~StationFace() {
+  // A row may outlive the host; its stations went with it.
+  if (Runtime::Exists()) qelcore::messaging::DisposeStation(station);
+}
+
+SequenceNode::SequenceNode(qelcore::Ref<SequenceContent> content)
+    : contentStation(*this), trackGroupStation(*this), content(std::move(content)) {}
+
+void SequenceNode::AddRef() const noexcept {
+  count.fetch_add(1, std::memory_order_relaxed);
+}
+
+void SequenceNode::Release() const noexcept {
+  if (count.fetch_sub(1, std::memory_order_acq_rel) == 1) delete this;
+}
+
+void* SequenceNode::QueryInterface(qelcore::InterfaceID id) noexcept {
+  if (id == BE::ISequence::kInterfaceID) return static_cast<BE::ISequence*>(this);
+  if (id == BE::ISequenceContent::kInterfaceID) {
+    return static_cast<BE::ISequenceContent*>(&contentStation);
+  }
+  if (id == BE::ISequenceTrackGroups::kInterfaceID) {
+    return static_cast<BE::ISequenceTrackGroups*>(&trackGroupStation);
+  }
+  if (id == VisitableSequence::kInterfaceID) return static_cast<VisitableSequence*>(this);
+  if (id == kInterfaceID) return this;
+  return nullptr;
+}
+
+qelcore::UTF8String SequenceNode::GetName() const {
+  return GetContent()->name;
+}
+
+qelmediatypes::TickTime SequenceNode::GetVideoFrameDuration() const {
+  return GetContent()->videoFrameDuration;
+}
+
+qelmediatypes::TickTime SequenceNode::GetAudioFrameDuration() const {
+  return GetContent()->audioFrameDuration;
+}
+
+void SequenceNode::VisitChildren(const BE::SequenceVisitor& visitor) const {
+  GetContent()->VisitGroups(visitor);
+}
+
+qelcore::Ref<SequenceContent> SequenceNode::GetContent() const {
+  const std::lock_guard lock(contentMutex);
+  return content;
+}
+
+qelcore::Ref<SequenceContent> SequenceNode::Publish(qelcore::Ref<SequenceContent> next) {
+  const ModelWriteLock writing;
+  const std::lock_guard lock(contentMutex);
+  std::swap(content, next);
+  return next;
+}
+
+qelcore::Ref<SequenceContent> FindContent(const qelcore::Ref<BE::ISequence>& sequence) {
+  const auto* const node = qelcore::FindInterface<SequenceNode>(sequence.Get());
+  return node == nullptr ? qelcore::Ref<SequenceContent>() : node->GetContent();
+}
+
+}  // namespace standalone

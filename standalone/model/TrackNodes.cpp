@@ -1,0 +1,36 @@
+#include "standalone/model/TrackNodes.h"
+
+namespace standalone {
+
+TrackNode::TrackNode(const SequenceContent& content, BE::MediaType mediaType, std::uint64_t index,
+                     bool isDisabledOrMuted)
+    : ContentNode(content), mediaType(mediaType), index(index), isDisabledOrMuted(isDisabledOrMuted) {}
+
+void* TrackNode::QueryInterface(qelcore::InterfaceID id) noexcept {
+  return id == BE::ITrack::kInterfaceID ? static_cast<BE::ITrack*>(this) : nullptr;
+}
+
+TrackGroupNode::TrackGroupNode(const SequenceContent& content, BE::MediaType identifier)
+    : ContentNode(content), identifier(identifier) {}
+
+void* TrackGroupNode::QueryInterface(qelcore::InterfaceID id) noexcept {
+  return id == BE::ITrackGroup::kInterfaceID ? static_cast<BE::ITrackGroup*>(this) : nullptr;
+}
+
+TrackItemNode::TrackItemNode(TrackNode& track, std::uint32_t type, qelmediatypes::TickTime start,
+                             qelmediatypes::TickTime end, ClipNode* clip) noexcept
+    : track(&track), clip(clip), start(start), end(end), type(type) {}
+
+void* TrackItemNode::QueryInterface(qelcore::InterfaceID id) noexcept {
+  return id == BE::ITrackItem::kInterfaceID ? static_cast<BE::ITrackItem*>(this) : nullptr;
+}
+
+qelcore::Ref<BE::IClip> TrackItemNode::GetClip() const {
+  return qelcore::Ref<BE::IClip>(clip);
+}
+
+qelcore::Ref<qelcore::IUnknown> TrackItemNode::GetTrack() const {
+  return qelcore::Ref<qelcore::IUnknown>(track);
+}
+
+}  // namespace standalone

@@ -1,0 +1,159 @@
+#include "standalone/runtime/RecyclingAllocator.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <mutex>
+#include <new>
+#include <utility>
+
+namespace standalone {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+
+void* TakeBlock(std::size_t bytes) {
+  return ::operator new(bytes);
+}
+void GiveBlockBack(void* block, std::size_t) noexcept {
+  ::operator delete(block);
+}
+
+#else
+
+namespace {
+
+constexpr std::size_t kStep = 16;  // Also the alignment of every block.
+constexpr std::size_t kClasses = kLargestRecycledBlock / kStep;
+constexpr std::size_t kSlabBytes = 65536;
+constexpr std::uint32_t kBatch = 32;         // Blocks that move between a thread and the store.
+constexpr std::uint32_t kKept = 2 * kBatch;  // Blocks of a size that a thread keeps at most.
+
+static_assert(kStep >= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
+
+struct FreeBlock {
+  FreeBlock* next;
+};
+
+struct FreeList {
+  FreeBlock* first = nullptr;
+  std::uint32_t count = 0;
+
+  void Push(void* block) noexcept {
+    first = ::new (block) FreeBlock{first};
+    ++count;
+  }
+  FreeBlock* Pop() noexcept {
+    FreeBlock* const block = first;
+    first = block->next;
+    --count;
+    return block;
+  }
+  void MoveTo(FreeList& other, std::uint32_t blocks) noexcept {
+    for (; blocks > 0 && first != nullptr; --blocks) other.Push(Pop());
+  }
+};
+
+std::size_t ClassOf(std::size_t bytes) {
+  return bytes == 0 ? 0 : (bytes - 1) / kStep;
+}
+std::size_t BytesOf(std::size_t sizeClass) {
+  return (sizeClass + 1) * kStep;
+}
+
+/// What all threads share. Never destroyed: texts in static objects give their blocks back at exit.
+class BlockStore {
+ public:
+  static BlockStore& Get() noexcept {
+    alignas(BlockStore) static unsigned char memory[sizeof(BlockStore)];
+    static BlockStore* const store = ::new (static_cast<void*>(memory)) BlockStore;
+    return *store;
+  }
+
+  void Fill(FreeList& list, std::size_t sizeClass) {
+    const std::scoped_lock lock(mutex);
+    if (lists[sizeClass].count == 0) Carve(sizeClass);
+    lists[sizeClass].MoveTo(list, kBatch);
+  }
+
+  void Take(FreeList& list, std::size_t sizeClass, std::uint32_t blocks) noexcept {
+    const std::scoped_lock lock(mutex);
+    list.MoveTo(lists[sizeClass], blocks);
+  }
+
+ private:
+  /// Makes a batch of new blocks; what is too small at a slab's end is left unused.
+  void Carve(std::size_t sizeClass) {
+    const std::size_t bytes = BytesOf(sizeClass);
+    if (static_cast<std::size_t>(slabEnd - slabNext) < bytes) AddSlab();
+    const std::size_t room = static_cast<std::size_t>(slabEnd - slabNext) / bytes;
+    for (std::size_t i = std::min<std::size_t>(room, kBatch); i > 0; --i) {
+      lists[sizeClass].Push(std::exchange(slabNext, slabNext + bytes));
+    }
+  }
+
+  void AddSlab() {
+    slabNext = static_cast<unsigned char*>(::operator new(kSlabBytes));
+    slabEnd = slabNext + kSlabBytes;
+  }
+
+  std::mutex mutex;
+  std::array<FreeList, kClasses> lists;
+  unsigned char* slabNext = nullptr;
+  unsigned char* slabEnd = nullptr;
+};
+
+// Outlives ThreadBlocks within the thread, as it has no destructor.
+thread_local constinit bool threadBlocksAreGone = false;
+
+/// A thread's own blocks; given to the store when the thread ends.
+struct ThreadBlocks {
+  std::array<FreeList, kClasses> lists;
+
+  ~ThreadBlocks() {
+    threadBlocksAreGone = true;
+    for (std::size_t i = 0; i < kClasses; ++i) BlockStore::Get().Take(lists[i], i, lists[i].count);
+  }
+};
+
+thread_local constinit ThreadBlocks threadBlocks;
+
+void* TakeFrom(FreeList& list, std::size_t sizeClass) {
+  if (list.count == 0) BlockStore::Get().Fill(list, sizeClass);
+  return list.Pop();
+}
+
+/// For destructors that run after the thread's own blocks are gone.
+void* TakeFromStore(std::size_t sizeClass) {
+  FreeList list;
+  void* const block = TakeFrom(list, sizeClass);
+  BlockStore::Get().Take(list, sizeClass, list.count);
+  return block;
+}
+
+void GiveToStore(void* block, std::size_t sizeClass) noexcept {
+  FreeList list;
+  list.Push(block);
+  BlockStore::Get().Take(list, sizeClass, 1);
+}
+
+}  // namespace
+
+void* TakeBlock(std::size_t bytes) {
+  if (bytes > kLargestRecycledBlock) return ::operator new(bytes);
+  const std::size_t sizeClass = ClassOf(bytes);
+  if (threadBlocksAreGone) return TakeFromStore(sizeClass);
+  return TakeFrom(threadBlocks.lists[sizeClass], sizeClass);
+}
+
+void GiveBlockBack(void* block, std::size_t bytes) noexcept {
+  if (bytes > kLargestRecycledBlock) return ::operator delete(block);
+  const std::size_t sizeClass = ClassOf(bytes);
+  if (threadBlocksAreGone) return GiveToStore(block, sizeClass);
+  FreeList& list = threadBlocks.lists[sizeClass];
+  list.Push(block);
+  if (list.count > kKept) BlockStore::Get().Take(list, sizeClass, kBatch);
+}
+
+#endif
+
+}  // namespace standalone

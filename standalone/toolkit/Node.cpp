@@ -1,0 +1,59 @@
+#include "host/qelui/Node.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "host/qelcore/Threads.h"
+#include "standalone/runtime/Runtime.h"
+
+namespace qelui::ui {
+
+namespace {
+constexpr unsigned kNoDelay = 0;
+constexpr bool kAlsoInNestedLoops = true;
+}  // namespace
+
+UI_Node::UI_Node() = default;
+UI_Node::~UI_Node() = default;
+
+void UI_Node::UI_SetEnabled(bool enabled) {
+  standalone::AssertMainThread("UI_Node::UI_SetEnabled");
+  isEnabled = enabled;
+}
+
+bool UI_Node::UI_IsEnabled() const {
+  standalone::AssertMainThread("UI_Node::UI_IsEnabled");
+  return isEnabled;
+}
+
+void UI_Node::UI_SetBounds(const Rect& newBounds) {
+  standalone::AssertMainThread("UI_Node::UI_SetBounds");
+  bounds = newBounds;
+  bounds.width = std::max(newBounds.width, 0.0F);
+  bounds.height = std::max(newBounds.height, 0.0F);
+}
+
+Rect UI_Node::UI_GetBounds() const {
+  standalone::AssertMainThread("UI_Node::UI_GetBounds");
+  return bounds;
+}
+
+void UI_Node::DeleteSelf() noexcept {
+  if (!standalone::Runtime::Exists() || qelcore::threads::CurrentThreadIsMainThread()) {
+    CountedObject::DeleteSelf();
+    return;
+  }
+  // The queued function owns the control, so that it goes even if the queue is dropped without running.
+  const std::shared_ptr<UI_Node> last(this, [](UI_Node* node) { node->CountedObject::DeleteSelf(); });
+  qelcore::threads::CallFromMainThread([last] {}, kNoDelay, kAlsoInNestedLoops);
+}
+
+UI_SubView::UI_SubView() = default;
+UI_SubView::~UI_SubView() = default;
+
+bool UI_SubView::UI_DoMouseEvent(const MouseEvent&) {
+  standalone::AssertMainThread("UI_SubView::UI_DoMouseEvent");
+  return false;
+}
+
+}  // namespace qelui::ui

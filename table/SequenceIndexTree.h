@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "data/FilterGroups.h"
+#include "data/TrackItemRowData.h"
+#include "host/BE/Model.h"
+#include "host/MZ/SequenceIndexOptions.h"
+#include "host/qelcore/Future.h"
+#include "host/qelcore/Messaging.h"
+#include "host/qelcore/Reference.h"
+#include "host/qelcore/Threads.h"
+#include "host/qelcore/UTF8String.h"
+#include "host/qelui/MultiColumnTree.h"
+#include "host/qelui/MultiColumnTreeHeaderRow.h"
+#include "table/OwnStation.h"
+
+namespace Vantrel {
+
+/// The table: shows a row for every clip and gap of a sequence that its options let through.
+///
+/// Every change ends in a refresh, which rebuilds all rows on the tree's refresh executor and then
+/// replaces the table's rows on the main thread. Builds run one at a time in the order asked for, none
+/// is left out or broken off, and what is shown is what the last finished one made. A build that fails
+/// changes nothing. Until a new sequence's build is done, the rows of the one before stay.
+///
+/// Threads: [main-thread], except RefreshDataListsAndTreeViewAsync. The data mutex guards everything
+/// that a build reads or stores: sequence, options, filter groups, threshold, next and current lists.
+/// The current lists change on the main thread only, so readers there need no lock. Lock order: the
+/// data mutex before any lock of the host's; no broadcast and no dialog under it.
+///
+/// Pending work holds the tree weakly: once the tree is gone it does nothing.
+class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
+ public:
+  /// `owner` is the view that creates the tree; it is never kept alive. The other two are the table
+  /// control's: style mask, and height of a row in pixels. Throws: what registering the station,
+  /// creating the executor and laying out the columns throw; nothing is left then.
+  SequenceIndexTree(std::weak_ptr<qelcore::messaging::Listener> owner, unsigned style, float rowHeight);
+  /// Waits for nothing.
+  ~SequenceIndexTree() override;
+
+  /// Shows another sequence, or none.
+  void SetSequence(const qelcore::Ref<BE::ISequence>& newSequence);
+  qelcore::Ref<BE::ISequence> GetSequence() const;
+
+  /// Takes over a copy of the options, and refreshes.
+  void SetOptions(const MZ::SequenceIndex::Options& newOptions);
+
+  /// Schedules a rebuild and returns at once. [any-thread]
+  void RefreshDataListsAndTreeViewAsync();
+
+  /// Writes the rows as shown to a comma-separated file, replacing it. `path` is a path of the host's,
+  /// with "\" between its parts; the second argument is the host's affair. True when the file was
+  /// written; false, and nothing touched, when there is no column. Throws: what the host's file layer
+  /// throws; qel_exception of kind kLimit for a text above 4294967295 bytes.
+  bool ExportSequenceIndexToCSV(const qelcore::UTF8String& path, bool isOpenedAfterwards);
+
+  /// Lays out the columns of a header row anew. Throws: null_pointer_exception for an empty one.
+  void ReapplyColumnLayout(qelcore::Ref<qelui::controls::UI_MultiColumnTreeHeaderRow> headerRow);
+
+  /// Where the tree sends its own messages.
+  const qelcore::messaging::StationID& GetStationID() const noexcept { return station.GetID(); }
+
+  /// All rows of the sequence, ordered and numbered; and those the table shows, table row i being
+  /// element i. Valid until the main thread is given back.
+  const TrackItemDataList& GetFullList() const noexcept { return currentFullList; }
+  const TrackItemDataList& GetFilteredList() const noexcept { return currentFilteredList; }
+
+ private:
+  using SharedItemDataList = std::shared_ptr<TrackItemDataList>;
+
+  void SetUpHeaderRow();
+
+  void BuildNextItemDataLists();
+  SharedItemDataList CollectRawList();
+  SharedItemDataList MakeFullList();
+  SharedItemDataList MakeFilteredList(const TrackItemDataList& fullList);
+  void StoreNextItemDataLists(SharedItemDataList fullList, SharedItemDataList filteredList);
+
+  void UpdateTreeRows();
+  void ShowNextItemDataLists();
+  bool ApplyNextItemDataLists();
+  void PopulateTreeRows();
+  std::size_t GetFirstVisiblePosition() const;
+
+  std::weak_ptr<qelcore::messaging::Listener> owner;
+  OwnStation station;
+  qelcore::Ref<BE::ISequence> sequence;
+  std::shared_ptr<qelcore::threads::AsyncThreadedSubExecutor> refreshExecutor;
+  qelcore::async::Future<void> refreshFuture;
+  qelcore::threads::RecursiveMutex dataMutex;
+  TrackItemDataList currentFullList;
+  TrackItemDataList currentFilteredList;
+  std::vector<FilterGroup> filterGroups;
+  MZ::SequenceIndex::Options options;
+  std::int32_t shortGapThreshold = 5;
+  SharedItemDataList nextFullList;
+  SharedItemDataList nextFilteredList;
+};
+
+}  // namespace Vantrel

@@ -1,0 +1,200 @@
+#include "data/RowCollection.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <new>
+#include <thread>
+
+#include "support/CollectedRows.h"
+#include "support/Drafts.h"
+
+namespace {
+
+/// Allocations of at least this many bytes fail on this thread; 0: none does.
+thread_local std::size_t failingSize = 0;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  if (failingSize != 0 && size >= failingSize) throw std::bad_alloc();
+  if (void* const block = std::malloc(size == 0 ? 1 : size)) return block;
+  throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+  std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+  std::free(block);
+}
+
+namespace Vantrel {
+namespace {
+
+using standalone::TrackKind;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(RowCollection, ClipsAndGapsBecomeRowsInVisitingOrder) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  auto& lower = drafts::AddTrack(draft, TrackKind::kVideo);
+  drafts::AddClip(lower, "A", 0, 50);
+  drafts::AddGap(lower, 50, 55);
+  drafts::AddClip(lower, "B", 55, 80);
+  drafts::AddClip(drafts::AddTrack(draft, TrackKind::kVideo), "C", 0, 10);
+  drafts::AddClip(drafts::AddTrack(draft, TrackKind::kAudio), "D", 0, 20);
+  EXPECT_THAT(rows::Names(rows::Collect(host.Add(draft))), ElementsAre("A", "Gap", "B", "C", "D"));
+}
+
+TEST(RowCollection, RowsAreAppendedToWhatTheListHolds) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  drafts::AddClip(drafts::AddTrack(draft), "A", 0, 50);
+  const auto sequence = host.Add(draft);
+  TrackItemDataList list = rows::Collect(sequence);
+  CollectRows(sequence, {BE::kMediaType_Video}, list);
+  EXPECT_THAT(rows::Names(list), ElementsAre("A", "A"));
+}
+
+TEST(RowCollection, TransitionsNeverBecomeRows) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  auto& track = drafts::AddTrack(draft);
+  auto& clip = drafts::AddClip(track, "A", 0, 50);
+  clip.headTransition = standalone::TransitionDraft{"Dip to Black", false};
+  clip.tailTransition = standalone::TransitionDraft{"Cross Dissolve", false};
+  const auto sequence = host.Add(draft);
+  EXPECT_THAT(rows::Names(rows::Collect(sequence)), ElementsAre("A"));
+}
+
+TEST(RowCollection, GroupsThatAreNotAskedForContributeNothing) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  drafts::AddClip(drafts::AddTrack(draft, TrackKind::kVideo), "Picture", 0, 50);
+  drafts::AddClip(drafts::AddTrack(draft, TrackKind::kAudio), "Sound", 0, 50);
+  const auto sequence = host.Add(draft);
+  TrackItemDataList sound;
+  CollectRows(sequence, {BE::kMediaType_Audio}, sound);
+  EXPECT_THAT(rows::Names(sound), ElementsAre("Sound"));
+  TrackItemDataList none;
+  CollectRows(sequence, {}, none);
+  CollectRows(sequence, {qelcore::utility::MakeGuid(1, 2)}, none);
+  EXPECT_THAT(none, IsEmpty());
+}
+
+TEST(RowCollection, AnEmptySequenceYieldsAnEmptyList) {
+  rows::Host host;
+  EXPECT_THAT(rows::Collect(host.Add(drafts::MakeSequence())), IsEmpty());
+}
+
+TEST(RowCollection, ATrackThatHoldsOnlyTheTrailingFillerYieldsNoRow) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  drafts::AddTrack(draft);
+  EXPECT_THAT(rows::Collect(host.Add(draft)), IsEmpty());
+}
+
+TEST(RowCollection, NoSequenceYieldsNoRowAndNoError) {
+  rows::Host host;
+  EXPECT_THAT(rows::Collect({}), IsEmpty());
+}
+
+TEST(RowCollection, AListStaysReadableAfterTheSequenceWasReplaced) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  auto& clip = drafts::AddClip(drafts::AddTrack(draft), "A", 0, 50);
+  clip.comment = "first";
+  const auto sequence = host.Add(draft);
+  const auto before = rows::Collect(sequence);
+  draft.tracks[0].items[0].clip->comment = "second";
+  host.Replace(sequence, draft);
+  const auto after = rows::Collect(sequence);
+  EXPECT_THAT(rows::Texts(before, kColumnComment), ElementsAre("first"));
+  EXPECT_THAT(rows::Texts(after, kColumnComment), ElementsAre("second"));
+}
+
+/// A lock left behind would keep the replacement waiting for ever.
+TEST(RowCollection, TheReadLockIsGivenBackWhenTheVisitFails) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  auto& track = drafts::AddTrack(draft);
+  for (int i = 0; i < 64; ++i) drafts::AddClip(track, "A", i, i + 1);
+  const auto sequence = host.Add(draft);
+  std::thread([&sequence] {
+    TrackItemDataList list;
+    failingSize = 32 * sizeof(TrackItemRowData);
+    EXPECT_THROW(CollectRows(sequence, {BE::kMediaType_Video}, list), std::bad_alloc);
+    failingSize = 0;
+    EXPECT_FALSE(list.empty());
+  }).join();
+  host.Replace(sequence, drafts::MakeSequence());
+  EXPECT_THAT(rows::Collect(sequence), IsEmpty());
+}
+
+TEST(RowCollection, TheReadLockIsGivenBackAfterAPass) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  drafts::AddClip(drafts::AddTrack(draft), "A", 0, 50);
+  const auto sequence = host.Add(draft);
+  std::thread([&sequence] { EXPECT_EQ(rows::Collect(sequence).size(), 1U); }).join();
+  host.Replace(sequence, drafts::MakeSequence());
+  EXPECT_THAT(rows::Collect(sequence), IsEmpty());
+}
+
+class SequenceVisit : public testing::Test {
+ protected:
+  SequenceVisit() {
+    auto draft = drafts::MakeSequence();
+    auto& picture = drafts::AddTrack(draft, TrackKind::kVideo);
+    drafts::AddClip(picture, "A", 0, 50).tailTransition =
+        standalone::TransitionDraft{"Cross Dissolve", false};
+    drafts::AddGap(picture, 50, 55);
+    drafts::AddClip(picture, "B", 55, 80);
+    drafts::AddClip(drafts::AddTrack(draft, TrackKind::kAudio), "D", 0, 20);
+    sequence = host.Add(draft);
+  }
+
+  std::vector<std::uint32_t> Visit(const TrackItemTypes& types,
+                                   const TrackGroupIDs& groups = {BE::kMediaType_Video}) {
+    std::vector<std::uint32_t> visited;
+    VisitTrackItems(sequence, groups, types,
+                    [&visited](const auto& item) { visited.push_back(item->GetType()); });
+    return visited;
+  }
+
+  rows::Host host;
+  qelcore::Ref<BE::ISequence> sequence;
+};
+
+TEST_F(SequenceVisit, OnlyItemsOfAcceptedTypesAreHandedOver) {
+  EXPECT_THAT(Visit({BE::kTrackItemType_Clip}), ElementsAre(1, 1));
+  EXPECT_THAT(Visit({BE::kTrackItemType_Transition}), ElementsAre(2));
+  // The second gap is the open filler: leaving it out is the row builder's affair.
+  EXPECT_THAT(Visit({BE::kTrackItemType_Empty}), ElementsAre(0, 0));
+  EXPECT_THAT(Visit({}), IsEmpty());
+}
+
+TEST_F(SequenceVisit, OnlyTheGroupsAskedForAreDescendedInto) {
+  EXPECT_THAT(Visit({BE::kTrackItemType_Clip}, {BE::kMediaType_Audio}), ElementsAre(1));
+  EXPECT_THAT(Visit({BE::kTrackItemType_Clip}, {BE::kMediaType_Audio, BE::kMediaType_Video}),
+              ElementsAre(1, 1, 1));
+  EXPECT_THAT(Visit({BE::kTrackItemType_Clip}, {}), IsEmpty());
+}
+
+TEST_F(SequenceVisit, WithoutSequenceOrCallbackNothingHappens) {
+  int calls = 0;
+  VisitTrackItems({}, {BE::kMediaType_Video}, {BE::kTrackItemType_Clip},
+                  [&calls](const auto&) { ++calls; });
+  EXPECT_EQ(calls, 0);
+  EXPECT_NO_THROW(VisitTrackItems(sequence, {BE::kMediaType_Video}, {BE::kTrackItemType_Clip}, {}));
+}
+
+TEST_F(SequenceVisit, AFailureOfTheCallbackReachesTheCaller) {
+  EXPECT_THROW(VisitTrackItems(sequence, {BE::kMediaType_Video}, {BE::kTrackItemType_Clip},
+                               [](const auto&) { throw std::bad_alloc(); }),
+               std::bad_alloc);
+}
+
+}  // namespace
+}  // namespace Vantrel

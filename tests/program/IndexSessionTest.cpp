@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "host/BE/Model.h"
+#include "host/MZ/Messages.h"
+#include "host/qelcore/Messaging.h"
+#include "standalone/app/IndexSession.h"
+#include "standalone/model/VisitableSequence.h"
+#include "support/Drafts.h"
+#include "support/Process.h"
+
+/// What commands rely on: whatever goes wrong inside the panel reaches them.
+namespace {
+
+using standalone::IndexSession;
+
+/// A sequence whose project has gone: it has the interfaces that panels subscribe to, and visiting it
+/// fails.
+class LostSequence final : public BE::ISequence,
+                           public BE::ISequenceContent,
+                           public BE::ISequenceTrackGroups,
+                           public standalone::VisitableSequence {
+ public:
+  void AddRef() const noexcept override { ++count; }
+  void Release() const noexcept override {
+    if (--count == 0) delete this;
+  }
+  void* QueryInterface(qelcore::InterfaceID id) noexcept override {
+    if (id == BE::ISequence::kInterfaceID) return static_cast<BE::ISequence*>(this);
+    if (id == BE::ISequenceContent::kInterfaceID) return static_cast<BE::ISequenceContent*>(this);
+    if (id == BE::ISequenceTrackGroups::kInterfaceID) return static_cast<BE::ISequenceTrackGroups*>(this);
+    if (id == standalone::VisitableSequence::kInterfaceID) {
+      return static_cast<standalone::VisitableSequence*>(this);
+    }
+    return nullptr;
+  }
+  void VisitChildren(const BE::SequenceVisitor&) const override {
+    throw std::runtime_error("the project's disk is gone");
+  }
+  qelcore::UTF8String GetName() const override { return qelcore::UTF8String("Lost"); }
+  qelmediatypes::TickTime GetVideoFrameDuration() const override { return {}; }
+  qelmediatypes::TickTime GetAudioFrameDuration() const override { return {}; }
+  qelcore::messaging::StationID GetStationID() const override {
+    return qelcore::messaging::StationID("lost");
+  }
+
+ private:
+  mutable std::atomic<int> count{0};
+};
+
+standalone::DocumentDraft MakeDocument() {
+  standalone::DocumentDraft document;
+  auto& sequence = document.sequences.emplace_back(drafts::MakeSequence("Cut"));
+  drafts::AddClip(drafts::AddTrack(sequence), "A", 0, 50);
+  document.timelineCount = 1;
+  return document;
+}
+
+TEST(IndexSession, AFailedBuildNeverPassesAsAnEmptyTable) {
+  IndexSession session;
+  session.ShowDocument(MakeDocument());
+  qelcore::messaging::BroadcastMessageOnMainThread(
+      MZ::kStation_SequenceActivation,
+      MZ::SequenceActivatedMessage(qelcore::Ref<BE::ISequence>(new LostSequence)));
+  try {
+    session.KeepGaps(true);
+    FAIL() << "the failure passed";
+  } catch (const std::runtime_error& failure) {
+    const std::string sentence = failure.what();
+    EXPECT_NE(sentence.find("can't be built"), std::string::npos) << sentence;
+    EXPECT_NE(sentence.find("the project's disk is gone"), std::string::npos) << sentence;
+  }
+}
+
+TEST(IndexSession, WritesWhatThePanelShows) {
+  const process::Folder folder;
+  IndexSession session;
+  session.ShowDocument(MakeDocument());
+  session.Export(folder / "cut.csv");
+  EXPECT_EQ(process::ReadFile(folder / "cut.csv"),
+            "#,Label Color,Clip Name,Track,Start Time,Duration,Effects,Transitions\n"
+            "1,0,A,V1,00:00:00:00,00:00:02:00,,\n");
+}
+
+TEST(IndexSession, ADocumentWithoutTimelineIsAFailure) {
+  IndexSession session;
+  EXPECT_THROW(session.ShowDocument({}), std::runtime_error);
+}
+
+TEST(IndexSession, OneFollowsAnother) {
+  for (int i = 0; i < 3; ++i) {
+    IndexSession session;
+    session.ShowDocument(MakeDocument());
+  }
+}
+
+}  // namespace

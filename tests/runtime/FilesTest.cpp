@@ -1,0 +1,356 @@
+#include "host/qelcore/Files.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "host/qelcore/Exceptions.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace qelcore::filesupport;
+using qelcore::config::file_exception;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::UnorderedElementsAre;
+
+std::string NameOf(std::string_view path, StorageType storage) {
+  return std::string(File(path, storage).GetNameUTF8().View());
+}
+
+TEST(FileName, OfAPlatformFileIsTheLastPart) {
+  EXPECT_EQ(NameOf("/a/b/c.csv", StorageType::kPlatformFile), "c.csv");
+  EXPECT_EQ(NameOf("/a\\c.csv", StorageType::kPlatformFile), "c.csv");
+  EXPECT_EQ(NameOf("c.csv", StorageType::kPlatformFile), "c.csv");
+  EXPECT_EQ(NameOf("/", StorageType::kPlatformFile), "");
+  EXPECT_EQ(NameOf("", StorageType::kPlatformFile), "");
+}
+
+TEST(FileName, OfAMediaAddressSplitsAtSlashes) {
+  EXPECT_EQ(NameOf("/media/reel 1/A001.mov", StorageType::kMediaAddress), "A001.mov");
+  EXPECT_EQ(NameOf("media/odd\\name.mov", StorageType::kMediaAddress), "odd\\name.mov");
+  EXPECT_EQ(NameOf("/media/stills/", StorageType::kMediaAddress), "stills");
+}
+
+TEST(FileName, OfAForeignMediaAddressSplitsAtBackslashesToo) {
+  EXPECT_EQ(NameOf("C:\\media\\A001.mov", StorageType::kMediaAddress), "A001.mov");
+  EXPECT_EQ(NameOf("z:/media\\A001.mov", StorageType::kMediaAddress), "A001.mov");
+  EXPECT_EQ(NameOf("\\\\server\\media\\A001.mov", StorageType::kMediaAddress), "A001.mov");
+  EXPECT_EQ(NameOf("9:\\A001.mov", StorageType::kMediaAddress), "9:\\A001.mov");
+}
+
+TEST(FilePath, StaysAsItWasGiven) {
+  EXPECT_EQ(File("/a\\\\b//c", StorageType::kPlatformFile).GetPathUTF8(), "/a\\\\b//c");
+}
+
+class Files : public testing::Test {
+ protected:
+  Files() {
+    std::string pattern = (fs::temp_directory_path() / "files-test-XXXXXX").native();
+    folder = mkdtemp(pattern.data());
+  }
+  ~Files() override {
+    std::error_code ignored;
+    fs::permissions(folder, fs::perms::owner_all, ignored);
+    fs::remove_all(folder, ignored);
+  }
+
+  static void Write(const fs::path& path, std::string_view text) {
+    std::ofstream(path, std::ios::binary) << text;
+  }
+  static std::string ReadAll(const fs::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
+    return names;
+  }
+
+  /// Writes a file whole, as an export does.
+  static void Save(const std::string& path, std::string_view text, bool failIfExists = false) {
+    File file(path, StorageType::kPlatformFile);
+    file.Create(failIfExists);
+    OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+    stream.WriteBlock(text.data(), static_cast<std::uint32_t>(text.size()));
+    stream.Close();
+  }
+  /// The failure of saving, if it fails.
+  static std::string FailureOfSaving(const std::string& path, bool failIfExists = false) {
+    try {
+      Save(path, "new", failIfExists);
+      return "";
+    } catch (const file_exception& failure) {
+      EXPECT_EQ(failure.GetObject(), path);
+      return failure.what();
+    }
+  }
+
+  fs::path folder;
+};
+
+TEST_F(Files, AreWrittenByteForByte) {
+  const std::string text("a\n\r\n\0\xC3\xA9\xFF", 8);
+  Save(folder / "out.csv", text);
+  EXPECT_EQ(ReadAll(folder / "out.csv"), text);
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, MayBeEmpty) {
+  Save(folder / "out.csv", "");
+  EXPECT_EQ(fs::file_size(folder / "out.csv"), 0U);
+}
+
+TEST_F(Files, ReplaceAnOlderOneWhole) {
+  Write(folder / "out.csv", "a much longer older text");
+  Save(folder / "out.csv", "new");
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "new");
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, BackslashesAndRunsOfSeparatorsAreMapped) {
+  Save(folder.native() + "\\out.csv", "1");
+  Save(folder.native() + "/\\name.csv", "2");
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "1");
+  EXPECT_EQ(ReadAll(folder / "name.csv"), "2");
+}
+
+TEST_F(Files, StayAsTheyWereUntilTheStreamIsClosed) {
+  Write(folder / "out.csv", "old");
+  File file((folder / "out.csv").native(), std::uint32_t{0});
+  file.Create(false);
+  OPlatformByteStream stream(file, 2);
+  stream.WriteBlock("new", 3);
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
+  stream.Close();
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "new");
+}
+
+TEST_F(Files, LeaveNothingBehindWithoutClose) {
+  Write(folder / "out.csv", "old");
+  {
+    File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+    file.Create(false);
+    OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+    stream.WriteBlock("new", 3);
+  }
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, LeaveNothingBehindWhenNoStreamWasOpened) {
+  {
+    File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+    file.Create(false);
+    EXPECT_EQ(Names().size(), 1U);
+  }
+  EXPECT_THAT(Names(), testing::IsEmpty());
+}
+
+TEST_F(Files, AFileObjectThatGoesFirstGivesTheFileUp) {
+  std::optional<File> file;
+  file.emplace((folder / "out.csv").native(), StorageType::kPlatformFile);
+  file->Create(false);
+  OPlatformByteStream stream(*file, OPlatformByteStream::kWrite);
+  file.reset();
+  EXPECT_THAT(Names(), testing::IsEmpty());
+  EXPECT_THROW(stream.WriteBlock("x", 1), file_exception);
+  EXPECT_THROW(stream.Close(), file_exception);
+}
+
+TEST_F(Files, CreatingAgainStartsOver) {
+  File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+  file.Create(false);
+  file.Create(false);
+  EXPECT_EQ(Names().size(), 1U);
+  OPlatformByteStream(file, OPlatformByteStream::kWrite).Close();
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, KeepTheOldMode) {
+  Write(folder / "out.csv", "old");
+  for (const mode_t mode : {0600U, 0644U, 0666U, 0755U, 0620U}) {
+    chmod((folder / "out.csv").c_str(), mode);
+    Save(folder / "out.csv", "new");
+    struct stat now {};
+    ASSERT_EQ(stat((folder / "out.csv").c_str(), &now), 0);
+    EXPECT_EQ(now.st_mode & 07777, mode);
+  }
+}
+
+TEST_F(Files, ANewOneHasTheModeOfAnyNewFile) {
+  const mode_t before = umask(027);
+  Save(folder / "out.csv", "new");
+  umask(before);
+  struct stat now {};
+  ASSERT_EQ(stat((folder / "out.csv").c_str(), &now), 0);
+  EXPECT_EQ(now.st_mode & 07777, 0640U);
+}
+
+TEST_F(Files, ASymbolicLinkIsFollowedAndStays) {
+  fs::create_directory(folder / "real");
+  Write(folder / "real" / "data.csv", "old");
+  fs::create_symlink("real/data.csv", folder / "link");
+  fs::create_symlink(folder / "link", folder / "second.csv");
+  Save(folder / "second.csv", "new");
+  EXPECT_TRUE(fs::is_symlink(folder / "second.csv"));
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(ReadAll(folder / "real" / "data.csv"), "new");
+  EXPECT_THAT(Names(), UnorderedElementsAre("real", "link", "second.csv"));
+}
+
+TEST_F(Files, ASymbolicLinkToNothingCreatesItsTarget) {
+  fs::create_symlink("later.csv", folder / "out.csv");
+  Save(folder / "out.csv", "new");
+  EXPECT_TRUE(fs::is_symlink(folder / "out.csv"));
+  EXPECT_EQ(ReadAll(folder / "later.csv"), "new");
+}
+
+TEST_F(Files, ACircleOfLinksIsRefused) {
+  fs::create_symlink("b", folder / "a");
+  fs::create_symlink("a", folder / "b");
+  EXPECT_THAT(FailureOfSaving(folder / "a"), HasSubstr("levels of symbolic links"));
+}
+
+TEST_F(Files, AFolderIsNoTarget) {
+  fs::create_directory(folder / "out.csv");
+  EXPECT_THAT(FailureOfSaving(folder / "out.csv"), HasSubstr("Is a directory"));
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, AMissingFolderIsAnError) {
+  EXPECT_THAT(FailureOfSaving(folder / "none" / "out.csv"), HasSubstr("No such file or directory"));
+  Write(folder / "file", "");
+  EXPECT_THAT(FailureOfSaving(folder / "file" / "out.csv"), HasSubstr("Not a directory"));
+  EXPECT_THAT(FailureOfSaving(""), HasSubstr("No such file or directory"));
+}
+
+TEST_F(Files, ANameThatIsTooLongIsAnErrorAtOnce) {
+  EXPECT_THAT(FailureOfSaving(folder / std::string(300, 'x')), HasSubstr("File name too long"));
+  EXPECT_THAT(Names(), testing::IsEmpty());
+}
+
+TEST_F(Files, ANameOfFullLengthIsPossible) {
+  const std::string name(255, 'x');
+  Save(folder / name, "new");
+  EXPECT_THAT(Names(), ElementsAre(name));
+}
+
+TEST_F(Files, AnExistingOneIsKeptWhenItMustNotBeReplaced) {
+  Write(folder / "out.csv", "old");
+  EXPECT_THAT(FailureOfSaving(folder / "out.csv", true), HasSubstr("File exists"));
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
+  EXPECT_EQ(FailureOfSaving(folder / "new.csv", true), "");
+}
+
+TEST_F(Files, AnUnwritableFolderIsAnErrorAndTheOldFileStays) {
+  if (geteuid() == 0) GTEST_SKIP() << "no folder is unwritable for the administrator";
+  Write(folder / "out.csv", "old");
+  fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+  EXPECT_THAT(FailureOfSaving(folder / "out.csv"), HasSubstr("Permission denied"));
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
+}
+
+TEST_F(Files, AWriteProtectedFileIsNotReplaced) {
+  if (geteuid() == 0) GTEST_SKIP() << "no file is protected from the administrator";
+  Write(folder / "out.csv", "old");
+  fs::permissions(folder / "out.csv", fs::perms::owner_read);
+  EXPECT_THAT(FailureOfSaving(folder / "out.csv"), HasSubstr("Permission denied"));
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
+}
+
+TEST_F(Files, AFullDiskIsAnErrorAndTheOldFileStays) {
+  Write(folder / "out.csv", "old");
+  // A limit on the size of files stands in for the full disk.
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit small = before;
+  small.rlim_cur = 4096;
+  setrlimit(RLIMIT_FSIZE, &small);
+  {
+    File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+    file.Create(false);
+    OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+    const std::string text(10000, 'x');
+    EXPECT_THROW(stream.WriteBlock(text.data(), 10000), file_exception);
+    EXPECT_THROW(stream.Close(), file_exception) << "a file with a hole never takes the target's place";
+  }
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, ATargetThatBecameAFolderMakesCloseFail) {
+  File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+  file.Create(false);
+  OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+  stream.WriteBlock("new", 3);
+  fs::create_directory(folder / "out.csv");
+  EXPECT_THROW(stream.Close(), file_exception);
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, ADeviceIsWrittenDirectly) {
+  Save("/dev/null", "anything");
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+  fs::create_symlink("/dev/null", folder / "out.csv");
+  Save(folder / "out.csv", "anything");
+  EXPECT_TRUE(fs::is_symlink(folder / "out.csv"));
+  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+}
+
+TEST_F(Files, ADeviceThatIsFullIsAnError) {
+  EXPECT_THAT(FailureOfSaving("/dev/full"), HasSubstr("No space left on device"));
+}
+
+TEST_F(Files, APipeIsWrittenDirectly) {
+  const fs::path pipe = folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::string read;
+  std::thread reader([&] { read = ReadAll(pipe); });
+  const std::string text(200000, 'x');
+  Save(pipe, text);
+  reader.join();
+  EXPECT_EQ(read, text);
+  EXPECT_TRUE(fs::is_fifo(pipe));
+}
+
+TEST_F(Files, AMediaAddressIsNeverWritten) {
+  File file((folder / "out.mov").native(), StorageType::kMediaAddress);
+  EXPECT_THROW(file.Create(false), file_exception);
+  EXPECT_THAT(Names(), testing::IsEmpty());
+}
+
+TEST_F(Files, AStreamNeedsAFileThatWasCreated) {
+  File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+  EXPECT_THROW(OPlatformByteStream(file, OPlatformByteStream::kWrite), file_exception);
+  file.Create(false);
+  EXPECT_THROW(OPlatformByteStream(file, 1), file_exception) << "only writing is possible";
+}
+
+TEST_F(Files, AStreamIsClosedOnce) {
+  File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+  file.Create(false);
+  OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+  stream.Close();
+  EXPECT_THROW(stream.Close(), file_exception);
+  EXPECT_TRUE(fs::exists(folder / "out.csv"));
+}
+
+}  // namespace

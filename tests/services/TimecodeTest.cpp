@@ -1,0 +1,220 @@
+#include "host/ZSL/Timecode.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+#include <string>
+
+#include "host/qelmediatypes/FrameRate.h"
+
+namespace {
+
+using qelmediatypes::FrameRate;
+using qelmediatypes::TickTime;
+using qelmediatypes::TimeDisplay;
+
+constexpr TimeDisplay kNonDrop{TimeDisplay::Count::kNonDropFrame};
+constexpr TimeDisplay kDrop{TimeDisplay::Count::kDropFrame};
+
+struct Rate {
+  const char* name;
+  std::int64_t numerator;
+  std::int64_t denominator;
+  bool isDropFrame;
+  /// Counted by hand for the naive counter below.
+  std::uint32_t nominal;
+  std::uint32_t droppedEachMinute;
+
+  TickTime FrameDuration() const {
+    return FrameRate::FromRational(numerator, denominator).GetFrameDuration();
+  }
+  TimeDisplay Display() const { return isDropFrame ? kDrop : kNonDrop; }
+};
+
+void PrintTo(const Rate& rate, std::ostream* out) {
+  *out << rate.name;
+}
+
+constexpr Rate kRates[] = {
+    {"24", 24, 1, false, 24, 0},
+    {"25", 25, 1, false, 25, 0},
+    {"30", 30, 1, false, 30, 0},
+    {"48", 48, 1, false, 48, 0},
+    {"50", 50, 1, false, 50, 0},
+    {"60", 60, 1, false, 60, 0},
+    {"100", 100, 1, false, 100, 0},
+    {"120", 120, 1, false, 120, 0},
+    {"23976", 24000, 1001, false, 24, 0},
+    {"2997", 30000, 1001, false, 30, 0},
+    {"2997Drop", 30000, 1001, true, 30, 2},
+    {"47952", 48000, 1001, false, 48, 0},
+    {"5994", 60000, 1001, false, 60, 0},
+    {"5994Drop", 60000, 1001, true, 60, 4},
+    {"11988", 120000, 1001, false, 120, 0},
+    {"11988Drop", 120000, 1001, true, 120, 8},
+    {"23976AskedForDrop", 24000, 1001, true, 24, 0},
+    {"25AskedForDrop", 25, 1, true, 25, 0},
+    {"30AskedForDrop", 30, 1, true, 30, 0},
+    {"60AskedForDrop", 60, 1, true, 60, 0},
+};
+
+/// A label that is stepped from frame to frame, as a counter on a tape machine is.
+class NaiveCounter {
+ public:
+  explicit NaiveCounter(const Rate& rate) : rate(rate) {}
+
+  void Step() {
+    if (++frames < rate.nominal) return;
+    frames = 0;
+    if (++seconds < 60) return;
+    seconds = 0;
+    if (++minutes == 60) {
+      minutes = 0;
+      ++hours;
+    }
+    if (minutes % 10 != 0) frames = rate.droppedEachMinute;
+  }
+
+  std::string Text() const {
+    char text[32];
+    std::snprintf(text, sizeof text, "%02u:%02u:%02u%c%0*u", hours, minutes, seconds,
+                  rate.droppedEachMinute != 0 ? ';' : ':', rate.nominal > 100 ? 3 : 2, frames);
+    return text;
+  }
+
+  bool IsAtMinute() const {
+    return seconds == 0 && frames == rate.droppedEachMinute * (minutes % 10 != 0);
+  }
+
+  /// The fields one after the other, three digits each.
+  std::uint64_t Packed() const {
+    return ((hours * std::uint64_t{1000} + minutes) * 1000 + seconds) * 1000 + frames;
+  }
+
+ private:
+  const Rate& rate;
+  std::uint32_t hours = 0;
+  std::uint32_t minutes = 0;
+  std::uint32_t seconds = 0;
+  std::uint32_t frames = 0;
+};
+
+/// The fields of a timecode text, packed as the counter packs them.
+std::uint64_t PackedOf(std::string_view text) {
+  std::uint64_t packed = 0;
+  std::uint64_t field = 0;
+  for (const char character : text) {
+    if (character == ':' || character == ';') {
+      packed = packed * 1000 + field;
+      field = 0;
+    } else {
+      field = field * 10 + static_cast<std::uint64_t>(character - '0');
+    }
+  }
+  return packed * 1000 + field;
+}
+
+std::string TextOf(std::int64_t frame, const Rate& rate) {
+  const TickTime time(frame * rate.FrameDuration().GetTicks());
+  return std::string(ZSL::Timecode(time, rate.FrameDuration(), rate.Display()).GetStringUTF8().View());
+}
+
+class TimecodeOfADay : public testing::TestWithParam<Rate> {};
+
+TEST_P(TimecodeOfADay, NamesEveryFrameAsACounterDoes) {
+  const Rate& rate = GetParam();
+  const TickTime frameDuration = rate.FrameDuration();
+  const std::int64_t framesPerDay = std::int64_t{86400} * rate.nominal;
+  constexpr std::int64_t kStride = 997;
+  NaiveCounter counter(rate);
+  for (std::int64_t frame = 0; frame < framesPerDay; ++frame) {
+    const TickTime time(frame * frameDuration.GetTicks());
+    const auto text = ZSL::Timecode(time, frameDuration, rate.Display()).GetStringUTF8();
+    ASSERT_EQ(PackedOf(text), counter.Packed()) << frame;
+    if (counter.IsAtMinute() || frame % kStride == 0) {
+      ASSERT_EQ(text, counter.Text()) << frame;
+    }
+    counter.Step();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(AllRates, TimecodeOfADay, testing::ValuesIn(kRates),
+                         [](const auto& rate) { return std::string(rate.param.name); });
+
+class Timecode : public testing::Test {
+ protected:
+  static constexpr const Rate& k25 = kRates[1];
+  static constexpr const Rate& k100 = kRates[6];
+  static constexpr const Rate& k120 = kRates[7];
+  static constexpr const Rate& k2997Drop = kRates[10];
+
+  static std::string Text(TickTime time, TickTime frameDuration, TimeDisplay display = kNonDrop) {
+    return std::string(ZSL::Timecode(time, frameDuration, display).GetStringUTF8().View());
+  }
+};
+
+TEST_F(Timecode, DropFrameSkipsTheFirstNumbersOfAMinuteButNotOfATenth) {
+  EXPECT_EQ(TextOf(1799, k2997Drop), "00:00:59;29");
+  EXPECT_EQ(TextOf(1800, k2997Drop), "00:01:00;02");
+  EXPECT_EQ(TextOf(17981, k2997Drop), "00:09:59;29");
+  EXPECT_EQ(TextOf(17982, k2997Drop), "00:10:00;00");
+  EXPECT_EQ(TextOf(107892, k2997Drop), "01:00:00;00");
+}
+
+TEST_F(Timecode, CutsTheTimeToTheFrameTowardZero) {
+  const auto frame = k25.FrameDuration().GetTicks();
+  EXPECT_EQ(Text(TickTime(6 * frame - 1), TickTime(frame)), "00:00:00:05");
+  EXPECT_EQ(Text(TickTime(-6 * frame + 1), TickTime(frame)), "-00:00:00:05");
+}
+
+TEST_F(Timecode, ANegativeTimeHasOneSignBeforeTheDigits) {
+  EXPECT_EQ(TextOf(-1, k25), "-00:00:00:01");
+  EXPECT_EQ(TextOf(-90000, k25), "-01:00:00:00");
+  EXPECT_EQ(TextOf(-1800, k2997Drop), "-00:01:00;02");
+}
+
+TEST_F(Timecode, ATimeThatIsCutToFrameZeroHasNoSign) {
+  EXPECT_EQ(Text(TickTime(-1), k25.FrameDuration()), "00:00:00:00");
+}
+
+TEST_F(Timecode, HoursGoOnBeyondADayAndBeyondTwoDigits) {
+  EXPECT_EQ(TextOf(std::int64_t{25} * 90000, k25), "25:00:00:00");
+  EXPECT_EQ(TextOf(std::int64_t{100} * 90000, k25), "100:00:00:00");
+}
+
+TEST_F(Timecode, FramesHaveAsManyDigitsAsTheHighestNumberNeeds) {
+  EXPECT_EQ(TextOf(99, k100), "00:00:00:99");
+  EXPECT_EQ(TextOf(119, k120), "00:00:00:119");
+  EXPECT_EQ(TextOf(1, k120), "00:00:00:001");
+  const TickTime sample(TickTime::kTicksPerSecond / 48000);
+  EXPECT_EQ(Text(TickTime(TickTime::kTicksPerSecond + 7 * sample.GetTicks()), sample),
+            "00:00:01:00007");
+}
+
+TEST_F(Timecode, DropFrameIsIgnoredNearTheRatesItIsDefinedFor) {
+  const TickTime near(k2997Drop.FrameDuration().GetTicks() + 1);
+  EXPECT_EQ(Text(TickTime(1800 * near.GetTicks()), near, kDrop), "00:01:00:00");
+}
+
+TEST_F(Timecode, AnUnknownFrameDurationCountsEveryTimeAsFrameZero) {
+  for (const TickTime unknown : {qelmediatypes::kUnknownFrameDuration, TickTime(0), TickTime(-5)}) {
+    EXPECT_EQ(Text(TickTime(TickTime::kTicksPerSecond), unknown), "00:00:00:00");
+    EXPECT_EQ(Text(TickTime::Lowest(), unknown, kDrop), "00:00:00:00");
+  }
+}
+
+TEST_F(Timecode, TheLowestAndHighestTimesAreWritten) {
+  // 9223372036854775808 ticks are 36310201 seconds and 19638775808 more.
+  EXPECT_EQ(Text(TickTime::Lowest(), k25.FrameDuration()), "-10086:10:01:01");
+  EXPECT_EQ(Text(TickTime::Highest(), k25.FrameDuration()), "10086:10:01:01");
+  EXPECT_EQ(Text(TickTime::Lowest(), TickTime(1)), "-10086:10:01:019638775808");
+}
+
+TEST_F(Timecode, FramesLongerThanASecondCountOneASecond) {
+  const TickTime slow(3 * TickTime::kTicksPerSecond);
+  EXPECT_EQ(Text(TickTime(61 * slow.GetTicks()), slow), "00:01:01:00");
+}
+
+}  // namespace

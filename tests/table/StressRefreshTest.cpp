@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <random>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "table/RefreshFixture.h"
+
+namespace Vantrel {
+namespace {
+
+using qelcore::Ref;
+
+constexpr int kClips = 40;
+constexpr unsigned kSteps = 1500;
+
+/// Content `generation`: its number stands in every name, and clips and gaps come by turns.
+standalone::SequenceDraft MakeGeneration(unsigned generation) {
+  auto draft = drafts::MakeSequence("Stress");
+  auto& track = drafts::AddTrack(draft);
+  for (int i = 0; i < kClips; ++i) {
+    drafts::AddClip(track, std::to_string(generation), i * 10, i * 10 + 7);
+  }
+  return draft;
+}
+
+/// The full list and the filtered list are of one build: equal row for row, since without groups only
+/// the gap rule selects, and of one content.
+void ExpectOneBuild(const SequenceIndexTree& tree) {
+  const TrackItemDataList& full = tree.GetFullList();
+  const TrackItemDataList& filtered = tree.GetFilteredList();
+  ASSERT_EQ(tree.CountRows(), filtered.size());
+  if (filtered.empty()) return;
+  const std::string name(filtered.front().name.View());
+  ASSERT_LE(filtered.size(), full.size());
+  for (std::size_t i = 0; i < filtered.size(); ++i) {
+    ASSERT_EQ(filtered[i].index, full[filtered[i].index].index);
+    ASSERT_EQ(filtered[i].name, full[filtered[i].index].name);
+    if (filtered[i].name != "Gap") ASSERT_EQ(filtered[i].name, name) << "rows of two contents";
+  }
+}
+
+/// Random refreshes, option changes, edits, closing and reopening, on the main thread, while other
+/// threads ask for refreshes too and the pool builds.
+class StressRefresh : public testing::TestWithParam<unsigned> {
+ protected:
+  void OpenTree() {
+    const Ref opened(new SequenceIndexTree({}, 0, 18.0F));
+    opened->UI_SetBounds({0, 0, 400, 200});
+    SetTree(opened);
+    opened->SetSequence(sequence);
+  }
+  void SetTree(const Ref<SequenceIndexTree>& newTree) {
+    Ref<SequenceIndexTree> previous = newTree;
+    const std::scoped_lock lock(treeMutex);
+    std::swap(tree, previous);
+  }
+  Ref<SequenceIndexTree> GetTree() {
+    const std::scoped_lock lock(treeMutex);
+    return tree;
+  }
+
+  void Step() {
+    switch (random() % 9) {
+      case 0:
+        return tree->RefreshDataListsAndTreeViewAsync();
+      case 1:
+        return ChangeOptions();
+      case 2:
+        return host.GetProject().ReplaceSequence(sequence, MakeGeneration(++generation));
+      case 3:
+        return tree->SetSequence(random() % 4 == 0 ? Ref<BE::ISequence>() : sequence);
+      case 4:
+        if (random() % 8 == 0) OpenTree();
+        return;
+      case 5:
+        return std::this_thread::sleep_for(std::chrono::microseconds(random() % 300));
+      default:
+        host.GetRuntime().GetMainQueue().RunOne();
+        ExpectOneBuild(*tree);
+    }
+  }
+  void ChangeOptions() {
+    MZ::SequenceIndex::Options options;
+    options.isKeepingGaps = random() % 2 == 0;
+    options.shortGapThreshold = static_cast<std::int32_t>(random() % 10) - 2;
+    tree->SetOptions(options);
+  }
+
+  std::mt19937 random{GetParam()};
+  standalone::StandaloneHost host;
+  unsigned generation = 0;
+  Ref<BE::ISequence> sequence = AddSequence(MakeGeneration(0));
+  std::mutex treeMutex;
+  Ref<SequenceIndexTree> tree;
+};
+
+TEST_P(StressRefresh, EndsWithTheLastContentAndNeverMixesTwoBuilds) {
+  OpenTree();
+  std::atomic<bool> isDone = false;
+  std::vector<std::thread> askers;
+  for (int i = 0; i < 2; ++i) {
+    askers.emplace_back([&] {
+      while (!isDone) {
+        GetTree()->RefreshDataListsAndTreeViewAsync();
+        std::this_thread::sleep_for(std::chrono::microseconds(500));
+      }
+    });
+  }
+  for (unsigned i = 0; i < kSteps && !HasFatalFailure(); ++i) Step();
+  isDone = true;
+  for (auto& asker : askers) asker.join();
+
+  tree->SetOptions({});
+  tree->SetSequence(sequence);
+  host.GetRuntime().Drain();
+  ExpectOneBuild(*tree);
+  ASSERT_EQ(tree->GetFilteredList().size(), static_cast<std::size_t>(kClips));
+  EXPECT_EQ(tree->GetFilteredList().front().name, std::to_string(generation));
+  EXPECT_TRUE(host.GetRuntime().GetLog().TakeFailures().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, StressRefresh, testing::Values(1U, 2U, 3U, 4U));
+
+}  // namespace
+}  // namespace Vantrel

@@ -1,0 +1,76 @@
+#include <array>
+
+#include "host/BE/Messages.h"
+#include "host/MZ/Messages.h"
+#include "host/MZ/Sequences.h"
+#include "table/MessageIDs.h"
+#include "view/SequenceIndexView.h"
+
+namespace Vantrel {
+
+namespace {
+
+using qelcore::messaging::AddWeakPtrListener;
+using qelcore::messaging::RemoveListener;
+using WeakListener = std::weak_ptr<qelcore::messaging::Listener>;
+using SequenceStations = std::array<qelcore::messaging::StationID, 2>;
+
+SequenceStations RequireStations(const qelcore::Ref<BE::ISequence>& sequence) {
+  const auto content = qelcore::RequireInterface<BE::ISequenceContent>(sequence);
+  const auto trackGroups = qelcore::RequireInterface<BE::ISequenceTrackGroups>(sequence);
+  return {content->GetStationID(), trackGroups->GetStationID()};
+}
+
+}  // namespace
+
+void SequenceIndexView::SubscribeToStations() {
+  const WeakListener self = GetSelf();
+  AddWeakPtrListener(MZ::kStation_Info, self);
+  AddWeakPtrListener(MZ::kStation_SequenceActivation, self);
+  AddWeakPtrListener(MZ::kStation_TrackItemActivation, self);
+  const auto notification = qelcore::RequireInterface<BE::INotification>(MZ::GetActiveProject());
+  AddWeakPtrListener(notification->GetStationID(), self);
+}
+
+void SequenceIndexView::ReceiveMessage(const qelcore::messaging::Message& message) {
+  if (!tree) return;
+  const auto id = message.GetID();
+  if (id == MessageIDOf<MZ::MessageNameForSequenceOpenedMessage>()) {
+    const auto& opened = static_cast<const MZ::SequenceOpenedMessage&>(message);
+    SequenceOpened(opened.GetSequence(), opened.IsToBeShown());
+  } else if (id == MessageIDOf<MZ::MessageNameForSequenceActivatedMessage>()) {
+    SequenceActivated(static_cast<const MZ::SequenceActivatedMessage&>(message).GetSequence());
+  } else if (id == MessageIDOf<MZ::MessageNameForSequenceClosedMessage>()) {
+    SequenceClosed(static_cast<const MZ::SequenceClosedMessage&>(message).GetSequence());
+  } else if (id == MessageIDOf<BE::MessageNameForSequenceChangedMessage>() ||
+             id == MessageIDOf<BE::MessageNameForTrackGroupChangedMessage>()) {
+    tree->RefreshDataListsAndTreeViewAsync();
+  }
+}
+
+void SequenceIndexView::SequenceOpened(const Sequence& sequence, bool isToBeShown) {
+  MoveSequenceSubscriptions(tree->GetSequence(), sequence);
+  if (isToBeShown) tree->SetSequence(sequence);
+}
+
+void SequenceIndexView::SequenceActivated(const Sequence& sequence) {
+  MoveSequenceSubscriptions(tree->GetSequence(), sequence);
+  tree->SetSequence(sequence);
+}
+
+void SequenceIndexView::SequenceClosed(const Sequence& sequence) {
+  MoveSequenceSubscriptions(tree->GetSequence(), sequence);
+  tree->SetSequence({});
+}
+
+void SequenceIndexView::MoveSequenceSubscriptions(const Sequence& from, const Sequence& to) {
+  const WeakListener self = GetSelf();
+  if (from) {
+    for (const auto& station : RequireStations(from)) RemoveListener(station, self);
+  }
+  if (to) {
+    for (const auto& station : RequireStations(to)) AddWeakPtrListener(station, self);
+  }
+}
+
+}  // namespace Vantrel
