@@ -55,7 +55,7 @@ ComponentDraft ReadEffect(JsonValue effect, std::string_view schemaName) {
   return component;
 }
 
-/// "toucan:Text" and "Text" alike.
+/// "studio:Text" and "Text" alike.
 bool DrawsText(std::string_view effectName) {
   const std::string_view name = effectName.substr(effectName.rfind(':') + 1);
   return EqualsIgnoringCase(name, "text") || EqualsIgnoringCase(name, "draw");

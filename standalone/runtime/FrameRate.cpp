@@ -10,11 +10,11 @@ __extension__ using Wide = unsigned __int128;
 }  // namespace
 
 FrameRate FrameRate::FromRational(std::int64_t numerator, std::int64_t denominator) noexcept {
-  if (numerator <= 0 || denominator <= 0) return FrameRate();
+  if (numerator <= 0 || denominator <= 0) return {};
   const Wide frames = static_cast<Wide>(numerator);
   const Wide ticks = static_cast<Wide>(denominator) * TickTime::kTicksPerSecond;
   const Wide duration = (2 * ticks + frames) / (2 * frames);
-  if (duration > static_cast<Wide>(TickTime::Highest().GetTicks())) return FrameRate();
+  if (duration > static_cast<Wide>(TickTime::Highest().GetTicks())) return {};
   return FrameRate(TickTime(static_cast<std::int64_t>(duration)));
 }
 

@@ -65,7 +65,7 @@ class BlockStore {
  public:
   static BlockStore& Get() noexcept {
     alignas(BlockStore) static unsigned char memory[sizeof(BlockStore)];
-    static BlockStore* const store = ::new (static_cast<void*>(memory)) BlockStore;
+    static auto* const store = ::new (static_cast<void*>(memory)) BlockStore;
     return *store;
   }
 

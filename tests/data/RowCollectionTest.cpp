@@ -2,31 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <new>
+#include <string>
 #include <thread>
 
+#include "support/AllocationFault.h"
 #include "support/CollectedRows.h"
 #include "support/Drafts.h"
-
-namespace {
-
-/// Allocations of at least this many bytes fail on this thread; 0: none does.
-thread_local std::size_t failingSize = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  if (failingSize != 0 && size >= failingSize) throw std::bad_alloc();
-  if (void* const block = std::malloc(size == 0 ? 1 : size)) return block;
-  throw std::bad_alloc();
-}
-void operator delete(void* block) noexcept {
-  std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-  std::free(block);
-}
 
 namespace Vantrel {
 namespace {
@@ -123,9 +105,10 @@ TEST(RowCollection, TheReadLockIsGivenBackWhenTheVisitFails) {
   const auto sequence = host.Add(draft);
   std::thread([&sequence] {
     TrackItemDataList list;
-    failingSize = 32 * sizeof(TrackItemRowData);
-    EXPECT_THROW(CollectRows(sequence, {BE::kMediaType_Video}, list), std::bad_alloc);
-    failingSize = 0;
+    {
+      const AllocationFault fault(32 * sizeof(TrackItemRowData));
+      EXPECT_THROW(CollectRows(sequence, {BE::kMediaType_Video}, list), std::bad_alloc);
+    }
     EXPECT_FALSE(list.empty());
   }).join();
   host.Replace(sequence, drafts::MakeSequence());
@@ -140,6 +123,26 @@ TEST(RowCollection, TheReadLockIsGivenBackAfterAPass) {
   std::thread([&sequence] { EXPECT_EQ(rows::Collect(sequence).size(), 1U); }).join();
   host.Replace(sequence, drafts::MakeSequence());
   EXPECT_THAT(rows::Collect(sequence), IsEmpty());
+}
+
+/// Every clip of a state bears the state's name, so a mixed pass shows.
+TEST(RowCollection, APassSeesOneStateOfTheModel) {
+  rows::Host host;
+  const auto makeState = [](int state) {
+    auto draft = drafts::MakeSequence();
+    auto& track = drafts::AddTrack(draft);
+    for (int i = 0; i < 50; ++i) drafts::AddClip(track, std::to_string(state), i, i + 1);
+    return draft;
+  };
+  const auto sequence = host.Add(makeState(0));
+  std::thread collecting([&sequence] {
+    for (int pass = 0; pass < 100; ++pass) {
+      const auto names = rows::Names(rows::Collect(sequence));
+      ASSERT_THAT(names, testing::Each(names.at(0)));
+    }
+  });
+  for (int state = 1; state <= 100; ++state) host.Replace(sequence, makeState(state));
+  collecting.join();
 }
 
 class SequenceVisit : public testing::Test {

@@ -15,9 +15,8 @@ using Fonts = std::vector<std::string>;
 
 Fonts FontsOf(const MF::BinaryData& data) {
   Fonts fonts;
-  for (const auto& font : BE::TextDocument::Create(data)->GetUsedFonts()) {
-    fonts.emplace_back(font.View());
-  }
+  const auto document = BE::TextDocument::Create(data);
+  for (const auto& font : document->GetUsedFonts()) fonts.emplace_back(font.View());
   return fonts;
 }
 

@@ -91,18 +91,20 @@ TEST(CountedObject, AFailedConstructionLeavesNothing) {
 
 class Kept final : public CountedObject {
  public:
-  static inline int deletions = 0;
+  explicit Kept(int& deletions) : deletions(deletions) {}
   void Destroy() { delete this; }
 
  private:
   void DeleteSelf() noexcept override { ++deletions; }
+  int& deletions;
 };
 
 TEST(CountedObject, ADerivedClassDecidesHowItGoes) {
-  Kept* const kept = new Kept;
+  int deletions = 0;
+  Kept* const kept = new Kept(deletions);
   const WeakRef<Kept> weak(kept);
   Ref<Kept>(kept).Reset();
-  EXPECT_EQ(Kept::deletions, 1);
+  EXPECT_EQ(deletions, 1);
   EXPECT_FALSE(weak.Lock()) << "an object that waits for its end is gone";
   kept->Destroy();
 }

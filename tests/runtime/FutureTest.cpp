@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -200,16 +201,36 @@ TEST_F(Futures, WorkThatIsDroppedCancelsItsFuture) {
   EXPECT_EQ(Read(result), "");
 }
 
+/// Takes no tasks any more.
+class ClosedExecutor final : public AsyncExecutor {
+ public:
+  void Submit(std::function<void()>) override {}
+};
+
 TEST_F(Futures, AContinuationThatIsDroppedCancelsItsResult) {
-  auto dropped = std::make_shared<SteppedExecutor>();
-  const Future<void> future =
-      AsyncWithExecutorAndContinuationExecutorAndDelay(executor, 0ms, dropped, [] {});
+  const Future<void> future = AsyncWithExecutorAndContinuationExecutorAndDelay(
+      executor, 0ms, std::make_shared<ClosedExecutor>(), [] {});
+  const Future<void> early = future.MakeContinuation([](const Future<void>&, Promise<void>&) {});
+  EXPECT_FALSE(early.IsReady());
+  executor->RunUntilEmpty();
+  const Future<void> late = future.MakeContinuation([](const Future<void>&, Promise<void>&) {});
+  EXPECT_EQ(Read(early), "Future Is Cancelled");
+  EXPECT_EQ(Read(late), "Future Is Cancelled");
+}
+
+/// Has no memory for tasks.
+class FailingExecutor final : public AsyncExecutor {
+ public:
+  void Submit(std::function<void()>) override { throw std::bad_alloc(); }
+};
+
+TEST_F(Futures, AContinuationThatCannotBeQueuedIsLoggedAndCancelled) {
+  const Future<void> future = AsyncWithExecutorAndContinuationExecutorAndDelay(
+      executor, 0ms, std::make_shared<FailingExecutor>(), [] {});
   const Future<void> result = future.MakeContinuation([](const Future<void>&, Promise<void>&) {});
   executor->RunUntilEmpty();
-  EXPECT_EQ(dropped->CountWaiting(), 1U);
-  // The state keeps its executor, so the task goes with a new owner that drops it.
-  dropped->RunUntilEmpty();
-  EXPECT_EQ(Read(result), "");
+  EXPECT_EQ(Read(result), "Future Is Cancelled");
+  EXPECT_THAT(TakeFailures(), ElementsAre("continuation: std::bad_alloc"));
 }
 
 TEST_F(Futures, AFailureThatNobodyReadGoesToTheLog) {
@@ -286,11 +307,12 @@ TEST_F(Futures, ADroppedPromiseCancels) {
 TEST(FuturesOfAPool, EndCancelledWhenThePoolEnds) {
   Future<void> waiting;
   Future<void> result;
+  std::thread opener;
+  Gate proceed;
   {
     Runtime runtime(Runtime::Setup{.poolThreads = 1});
     const auto pool = GetDefaultExecutor();
     Gate started;
-    Gate proceed;
     pool->Submit([&] {
       started.Open();
       proceed.Await();
@@ -298,12 +320,15 @@ TEST(FuturesOfAPool, EndCancelledWhenThePoolEnds) {
     started.Await();
     waiting = AsyncWithExecutorAndContinuationExecutorAndDelay(pool, 0ms, pool, [] {});
     result = waiting.MakeContinuation([](const Future<void>&, Promise<void>&) {});
-    pool->Submit([] {});
-    proceed.Open();
-    // Whether the work still ran depends on how soon the pool ends; both are complete in any case.
+    // The pool's only thread is busy until the end of the pool has dropped the work.
+    opener = std::thread([&] {
+      while (!result.IsReady()) std::this_thread::yield();
+      proceed.Open();
+    });
   }
-  EXPECT_TRUE(waiting.IsReady());
-  EXPECT_TRUE(result.IsReady());
+  opener.join();
+  EXPECT_EQ(Read(waiting), "Future Is Cancelled");
+  EXPECT_EQ(Read(result), "Future Is Cancelled");
 }
 
 TEST(FuturesOfAPool, SurviveEveryOrderOfEvents) {

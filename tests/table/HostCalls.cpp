@@ -12,7 +12,7 @@
 #include "host/qelcore/Threads.h"
 #include "host/qelui/MultiColumnTree.h"
 #include "host/qelui/MultiColumnTreeHeaderRow.h"
-#include "table/HostFaults.h"
+#include "support/HostFaults.h"
 #include "table/ScheduleWatch.h"
 
 using hostcalls::Called;

@@ -15,8 +15,8 @@
 
 #include "host/qelcore/Exceptions.h"
 #include "support/Answers.h"
+#include "support/HostFaults.h"
 #include "table/ColumnLayout.h"
-#include "table/HostFaults.h"
 #include "table/RefreshFixture.h"
 
 namespace Vantrel {

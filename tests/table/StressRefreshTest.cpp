@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <functional>
+#include <mutex>
 #include <random>
 #include <string>
 #include <thread>
@@ -40,7 +40,7 @@ void ExpectOneBuild(const SequenceIndexTree& tree) {
   for (std::size_t i = 0; i < filtered.size(); ++i) {
     ASSERT_EQ(filtered[i].index, full[filtered[i].index].index);
     ASSERT_EQ(filtered[i].name, full[filtered[i].index].name);
-    if (filtered[i].name != "Gap") ASSERT_EQ(filtered[i].name, name) << "rows of two contents";
+    ASSERT_TRUE(filtered[i].name == "Gap" || filtered[i].name == name) << "rows of two contents";
   }
 }
 
@@ -124,7 +124,7 @@ TEST_P(StressRefresh, EndsWithTheLastContentAndNeverMixesTwoBuilds) {
   EXPECT_TRUE(host.GetRuntime().GetLog().TakeFailures().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, StressRefresh, testing::Values(1U, 2U, 3U, 4U));
+INSTANTIATE_TEST_SUITE_P(StressSeeds, StressRefresh, testing::Values(1U, 2U, 3U, 4U));
 
 }  // namespace
 }  // namespace Vantrel

@@ -10,8 +10,8 @@
 #include "host/qelcore/Threads.h"
 #include "host/qelui/Controls.h"
 #include "standalone/runtime/Runtime.h"
+#include "support/Answers.h"
 #include "toolkit/OffMainThread.h"
-#include "toolkit/Provider.h"
 
 namespace {
 
@@ -20,7 +20,6 @@ using qelui::ui::kMenuDismissed;
 using qelui::ui::UI_DoContextMenu;
 using standalone::MenuItem;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr std::uint32_t kCut = 7;
 constexpr std::uint32_t kCopy = 8;
@@ -41,31 +40,27 @@ class ContextMenu : public testing::Test {
 };
 
 TEST_F(ContextMenu, ShowsItsItemsInOrderAtTheGivenPlace) {
-  Provider provider;
+  Answers answers;
   menu->SetItemChecked(kCopy, true);
-  std::vector<std::string> shown;
-  provider.chooseFromMenu = [&](const std::vector<MenuItem>& items) {
-    for (const MenuItem& item : items) {
-      const std::string mark = item.isChecked ? "+" : "";
-      shown.push_back(mark + std::string(item.text.View()) + ":" + std::to_string(item.commandID));
-    }
-    return kMenuDismissed;
-  };
   Show();
+  std::vector<std::string> shown;
+  for (const MenuItem& item : answers.menuItems) {
+    const std::string mark = item.isChecked ? "+" : "";
+    shown.push_back(mark + std::string(item.text.View()) + ":" + std::to_string(item.commandID));
+  }
   EXPECT_THAT(shown, ElementsAre("Cut:7", ":0", "+Copy:8"));
-  EXPECT_EQ(provider.lastNode, node.Get());
-  EXPECT_EQ(provider.lastPosition, (qelui::Point{3, 4}));
+  EXPECT_EQ(answers.menuPosition, (qelui::Point{3, 4}));
 }
 
 TEST_F(ContextMenu, AnswersTheChosenCommand) {
-  Provider provider;
-  provider.chooseFromMenu = [](const auto&) { return kCopy; };
+  Answers answers;
+  answers.menuAnswer = [] { return kCopy; };
   EXPECT_EQ(Show(), kCopy);
 }
 
 TEST_F(ContextMenu, ChoosingAnItemLeavesItsCheckMarkAlone) {
-  Provider provider;
-  provider.chooseFromMenu = [](const auto&) { return kCut; };
+  Answers answers;
+  answers.menuAnswer = [] { return kCut; };
   menu->SetItemChecked(kCut, true);
   Show();
   EXPECT_TRUE(menu->IsItemChecked(kCut));
@@ -75,8 +70,8 @@ TEST_F(ContextMenu, ChoosingAnItemLeavesItsCheckMarkAlone) {
 }
 
 TEST_F(ContextMenu, AnAnswerThatIsNotInTheMenuDismissesIt) {
-  Provider provider;
-  provider.chooseFromMenu = [](const auto&) { return kUnknown; };
+  Answers answers;
+  answers.menuAnswer = [] { return kUnknown; };
   EXPECT_EQ(Show(), kMenuDismissed);
 }
 
@@ -90,11 +85,11 @@ TEST_F(ContextMenu, AnUnknownItemIsNeverChecked) {
 }
 
 TEST_F(ContextMenu, OnlyQueuedFunctionsThatAllowItRunWhileItIsOpen) {
-  Provider provider;
+  Answers answers;
   std::vector<std::string> ran;
   qelcore::threads::CallFromMainThread([&] { ran.push_back("outermost only"); }, 0, false);
   qelcore::threads::CallFromMainThread([&] { ran.push_back("nested too"); }, 0, true);
-  provider.chooseFromMenu = [&](const auto&) {
+  answers.menuAnswer = [&] {
     runtime.GetMainQueue().RunUntilEmpty();
     EXPECT_THAT(ran, ElementsAre("nested too"));
     return kMenuDismissed;
@@ -105,8 +100,8 @@ TEST_F(ContextMenu, OnlyQueuedFunctionsThatAllowItRunWhileItIsOpen) {
 }
 
 TEST_F(ContextMenu, AFailureWhileItIsOpenReachesTheCallerAndEndsTheNestedLoop) {
-  Provider provider;
-  provider.chooseFromMenu = [](const auto&) -> std::uint32_t { throw std::runtime_error("no screen"); };
+  Answers answers;
+  answers.menuAnswer = []() -> std::uint32_t { throw std::runtime_error("no screen"); };
   EXPECT_THROW(Show(), std::runtime_error);
   bool hasRun = false;
   qelcore::threads::CallFromMainThread([&] { hasRun = true; }, 0, false);

@@ -4,8 +4,8 @@
 
 #include "host/qelcore/Threads.h"
 #include "standalone/runtime/Runtime.h"
+#include "support/Answers.h"
 #include "toolkit/OffMainThread.h"
-#include "toolkit/Provider.h"
 
 namespace {
 
@@ -19,8 +19,8 @@ class OptionsDialog : public testing::Test {
 };
 
 TEST_F(OptionsDialog, AnswersTheEditedOptions) {
-  Provider provider;
-  provider.editOptions = [](const Options& current) {
+  Answers answers;
+  answers.optionsAnswer = [](const Options& current) {
     Options edited = current;
     edited.isKeepingGaps = !current.isKeepingGaps;
     return edited;
@@ -35,15 +35,15 @@ TEST_F(OptionsDialog, AnswersTheEditedOptions) {
 
 TEST_F(OptionsDialog, AnswersNothingWhenCancelledOrWithNobodyToAnswer) {
   EXPECT_FALSE(DLG::DoSequenceIndexOptionsDialog({}).has_value());
-  Provider provider;
+  Answers answers;
   EXPECT_FALSE(DLG::DoSequenceIndexOptionsDialog({}).has_value());
 }
 
 TEST_F(OptionsDialog, FunctionsForTheOutermostLoopWaitUntilItIsClosed) {
-  Provider provider;
+  Answers answers;
   bool hasRun = false;
   qelcore::threads::CallFromMainThread([&] { hasRun = true; }, 0, false);
-  provider.editOptions = [&](const Options&) {
+  answers.optionsAnswer = [&](const Options&) {
     runtime.GetMainQueue().RunUntilEmpty();
     EXPECT_FALSE(hasRun);
     return std::nullopt;
@@ -65,8 +65,8 @@ class ExportDialog : public testing::Test {
 };
 
 TEST_F(ExportDialog, OffersTheGivenValuesAndTakesTheConfirmedOnes) {
-  Provider provider;
-  provider.chooseExport = [](ExportChoice& choice) {
+  Answers answers;
+  answers.exportAnswer = [](ExportChoice& choice) {
     EXPECT_EQ(choice.folder, "C:\\cuts");
     EXPECT_EQ(choice.fileName, "Reel 1");
     EXPECT_TRUE(choice.extension.Empty());
@@ -82,8 +82,8 @@ TEST_F(ExportDialog, OffersTheGivenValuesAndTakesTheConfirmedOnes) {
 }
 
 TEST_F(ExportDialog, ACancelledDialogChangesNothing) {
-  Provider provider;
-  provider.chooseExport = [](ExportChoice& choice) {
+  Answers answers;
+  answers.exportAnswer = [](ExportChoice& choice) {
     choice = {UTF8String("D:\\out"), UTF8String("Reel 2"), UTF8String(".csv"), false};
     return false;
   };

@@ -1,0 +1,14 @@
+# What the built libraries hold, looked at from outside. Sanitizers add symbols of their own.
+if(NOT SEQUENCE_INDEX_SANITIZE)
+  add_test(NAME Checks.TheModuleExportsItsEntryAloneAndNeedsNothingUnknown
+           COMMAND sh ${CMAKE_CURRENT_LIST_DIR}/module_symbols.sh
+                   $<TARGET_FILE:SequenceIndex> $<TARGET_FILE:sequence_index_host>)
+  set(checks Checks.TheModuleExportsItsEntryAloneAndNeedsNothingUnknown)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_test(NAME Checks.TheHostDefinesEveryOperationThatItDeclares
+             COMMAND sh ${CMAKE_CURRENT_LIST_DIR}/declared_operations.sh
+                     ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR} $<TARGET_FILE:sequence_index_host>)
+    list(APPEND checks Checks.TheHostDefinesEveryOperationThatItDeclares)
+  endif()
+  set_tests_properties(${checks} PROPERTIES LABELS unit TIMEOUT 120)
+endif()

@@ -1,0 +1,121 @@
+#include "standalone/import/JsonTree.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace standalone {
+namespace {
+
+class Parsed {
+ public:
+  explicit Parsed(const std::string& text) : tree(text, {}, 1) {}
+  JsonValue operator[](JsonKey key) const { return tree.GetRoot()[key]; }
+  const JsonTree tree;
+};
+
+std::string ErrorOf(const std::string& text) {
+  try {
+    Parsed parsed(text);
+  } catch (const ImportError& error) {
+    return std::to_string(error.GetLine()) + ": " + error.what();
+  }
+  return "none";
+}
+
+TEST(JsonTrees, KeepWantedMembersAndDropOthers) {
+  const Parsed parsed(
+      R"({"studio": {"name": "no", "deep": [[1], {"name": 2}]}, "name": "yes", "x": 1})");
+  EXPECT_EQ(parsed[JsonKey::kName].GetText(), "yes");
+  EXPECT_EQ(parsed.tree.GetNodeCount(), 2u);
+}
+
+TEST(JsonTrees, NumbersKeepTheirDigits) {
+  const Parsed parsed(
+      R"({"value": 170141183460469231731687303715884105728, "rate": 23.976023976023978})");
+  EXPECT_EQ(parsed[JsonKey::kValue].GetNumber(), "170141183460469231731687303715884105728");
+  EXPECT_EQ(parsed[JsonKey::kRate].GetNumber(), "23.976023976023978");
+}
+
+TEST(JsonTrees, NaNAndInfinitiesAreNumbers) {
+  for (const char* number : {"NaN", "Inf", "Infinity", "-Inf", "-Infinity"}) {
+    const Parsed parsed(R"({"value": )" + std::string(number) + "}");
+    EXPECT_EQ(parsed[JsonKey::kValue].GetNumber(), number);
+  }
+}
+
+TEST(JsonTrees, TextsAreDecoded) {
+  const Parsed parsed(R"({"name": "tab\tquote\" \u00fc \ud83c\udfac", "kind": "plain"})");
+  EXPECT_EQ(parsed[JsonKey::kName].GetText(), "tab\tquote\" \u00fc \U0001F3AC");
+  EXPECT_EQ(parsed[JsonKey::kKind].GetText(), "plain");
+}
+
+TEST(JsonTrees, HalfASurrogatePairBecomesAReplacementCharacter) {
+  const Parsed parsed(R"({"name": "a\udc00b"})");
+  EXPECT_EQ(parsed[JsonKey::kName].GetString(), "a\uFFFDb");
+}
+
+TEST(JsonTrees, MembersOfFreeNamesKeepTheirNames) {
+  const Parsed parsed(R"({"media_references": {"A": {"name": "a"}, "B": null, "C": 1}, "name": "n"})");
+  std::vector<std::string> names;
+  for (const JsonValue member : parsed[JsonKey::kMediaReferences]) {
+    names.emplace_back(member.GetMemberName());
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"A", "B", "C"}));
+  EXPECT_EQ(parsed[JsonKey::kName].GetText(), "n");
+}
+
+TEST(JsonTrees, MissingValuesAnswerEverything) {
+  const Parsed parsed(R"({"name": 5})");
+  const JsonValue missing = parsed[JsonKey::kTracks][JsonKey::kChildren];
+  EXPECT_FALSE(missing.HasValue());
+  EXPECT_EQ(missing.GetText(), "");
+  EXPECT_EQ(missing.GetLine(), 0u);
+  EXPECT_FALSE(missing.GetBool());
+  EXPECT_FALSE(missing.begin() != missing.end());
+  EXPECT_EQ(parsed[JsonKey::kName].GetText(), "");
+}
+
+TEST(JsonTrees, ValuesKnowTheirLine) {
+  const Parsed parsed("{\n\"name\": \"a\\nb\",\n\n\"tracks\": {\n\"kind\": 1}}");
+  EXPECT_EQ(parsed.tree.GetRoot().GetLine(), 1u);
+  EXPECT_EQ(parsed[JsonKey::kTracks].GetLine(), 4u);
+  EXPECT_EQ(parsed[JsonKey::kTracks][JsonKey::kKind].GetLine(), 5u);
+}
+
+TEST(JsonTrees, AByteOrderMarkIsSkipped) {
+  EXPECT_EQ(Parsed("\xEF\xBB\xBF{\"name\": \"x\"}")[JsonKey::kName].GetText(), "x");
+}
+
+TEST(JsonTrees, ErrorsNameLineAndRemedy) {
+  EXPECT_EQ(ErrorOf("{\n\"name\": \"a\""),
+            "2: The file ends in the middle; it is not complete: export or copy it again.");
+  EXPECT_EQ(ErrorOf("{\n\n\"name\": \"abc"),
+            "3: The file ends in the middle; it is not complete: export or copy it again.");
+  EXPECT_EQ(ErrorOf("{\"value\": 12"),
+            "1: The file ends in the middle; it is not complete: export or copy it again.");
+  EXPECT_EQ(ErrorOf("{\"name\": \"a\\nb\",\n\"kind\" 1}"),
+            "2: This is not valid JSON; export the timeline again.");
+  EXPECT_EQ(ErrorOf("{\n\"x\": \"\xFF\"}"), "2: The text is not valid UTF-8; save the file as UTF-8.");
+  EXPECT_EQ(ErrorOf("{}\n{}"), "2: There is more text behind the end of the timeline; remove it.");
+  EXPECT_EQ(ErrorOf("{\n\"x\": 1e999}"), "2: A number is too big to be read; correct it.");
+}
+
+TEST(JsonTrees, NestingOfAnyDepthIsParsedWithoutTheCallStack) {
+  const std::string open(300000, '[');
+  const std::string close(300000, ']');
+  EXPECT_EQ(Parsed(R"({"name": "n", "children": )" + open + close + "}")[JsonKey::kName].GetText(),
+            "n");
+  EXPECT_EQ(Parsed(R"({"studio": )" + open + close + R"(, "name": "n"})")[JsonKey::kName].GetText(),
+            "n");
+}
+
+TEST(JsonTrees, CancellingEndsTheParse) {
+  ImportProgress progress;
+  progress.isCancelled = [] { return true; };
+  EXPECT_THROW(JsonTree("{\"name\": 1}", progress, 1), ImportError);
+}
+
+}  // namespace
+}  // namespace standalone

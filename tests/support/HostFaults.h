@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+
+#include "host/BE/Model.h"
+#include "host/qelcore/Reference.h"
+
+namespace hostcalls {
+
+/// While true, every header row says that it has no column at all. The host's own always has one.
+inline bool headerRowsHaveNoColumns = false;
+
+/// While set, this is the active project, or none; the host's own has every interface and is always
+/// there.
+inline std::optional<qelcore::Ref<BE::IProject>> activeProjectInstead;
+
+}  // namespace hostcalls
