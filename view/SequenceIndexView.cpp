@@ -49,6 +49,7 @@ bool SequenceIndexView::FindCommandStatus(UIF::CommandID id, bool& isEnabled) {
 }
 
 bool SequenceIndexView::ObeyCommand(const UIF::Command& command) {
+  const auto self = GetSelf();
   if (IsReserved(command.GetID())) return true;
   if (command.GetID() == kExportCommand && ExportSequenceIndex()) return true;
   return UIF::CommandHandler::ObeyCommand(command);
@@ -56,9 +57,9 @@ bool SequenceIndexView::ObeyCommand(const UIF::Command& command) {
 
 bool SequenceIndexView::ExportSequenceIndex() {
   // The dialog runs queued functions, one of which may close the panel.
-  const qelcore::Ref<SequenceIndexTree> exported = tree;
-  if (!exported) return false;
-  const auto sequence = exported->GetSequence();
+  const auto self = GetSelf();
+  if (!tree) return false;
+  const auto sequence = tree->GetSequence();
   if (!sequence) return false;
 
   qelcore::UTF8String folder;
@@ -66,8 +67,8 @@ bool SequenceIndexView::ExportSequenceIndex() {
   qelcore::UTF8String extension;
   bool isOpenedAfterwards = true;
   if (!DLG::DoExportSequenceIndexDialog(folder, fileName, extension, isOpenedAfterwards)) return false;
-  return exported->ExportSequenceIndexToCSV(MakeExportPath(folder, fileName, extension),
-                                            isOpenedAfterwards);
+  return tree->ExportSequenceIndexToCSV(MakeExportPath(folder, fileName, extension),
+                                        isOpenedAfterwards);
 }
 
 }  // namespace Vantrel

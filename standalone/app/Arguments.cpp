@@ -23,11 +23,8 @@ constexpr const char* kEpilogue =
 void AddExport(CLI::App& program, ExportArguments& arguments) {
   CLI::App* const command =
       program.add_subcommand("export", "Write the index of a timeline as comma-separated values");
-  command->add_option("FILE", arguments.file, "The timeline file; - reads standard input")
-      ->required();
-  command
-      ->add_option("-o,--output", arguments.output,
-                   "The file to write; - writes to standard output")
+  command->add_option("FILE", arguments.file, "The timeline file; - reads standard input")->required();
+  command->add_option("-o,--output", arguments.output, "The file to write; - writes to standard output")
       ->required()
       ->type_name("OUT.csv");
   command->add_flag("--gaps", arguments.isKeepingGaps, "Keep a row for every gap, not only for clips");
@@ -35,9 +32,8 @@ void AddExport(CLI::App& program, ExportArguments& arguments) {
                                                     {"all", ColumnChoice::kAll}};
   command
       ->add_option_function<std::string>(
-          "--columns", [&arguments, choices](const std::string& name) {
-            arguments.columns = choices.at(name);
-          },
+          "--columns",
+          [&arguments, choices](const std::string& name) { arguments.columns = choices.at(name); },
           "The columns to write: default (8) or all (26)")
       ->check(CLI::IsMember({"default", "all"}))
       ->type_name("default|all");

@@ -7,7 +7,9 @@ namespace standalone {
 CommandError::CommandError(std::string place, std::size_t line, std::string sentence)
     : place(std::move(place)), line(line), sentence(std::move(sentence)) {}
 
-std::string CommandError::GetLine() const { return MakeReportLine(place, line, sentence); }
+std::string CommandError::GetLine() const {
+  return MakeReportLine(place, line, sentence);
+}
 
 std::string MakeReportLine(std::string_view place, std::size_t line, std::string_view sentence) {
   std::string text = "sequence-index: ";

@@ -45,15 +45,15 @@ DocumentDraft ReadDocument(const std::string& file) {
 fs::path ResolveOutput(const ExportArguments& arguments) {
   const std::string& output = arguments.output;
   if (output.find('\\') != std::string::npos) {
-    throw CommandError(output, 0, "a \"\\\" in the name of the output is not supported; rename it");
+    throw CommandError(output, 0, "A name with \"\\\" can't be written; give another one.");
   }
   const fs::path path = fs::absolute(output);
   std::error_code ignored;
   if (!path.has_filename() || fs::is_directory(path, ignored)) {
-    throw CommandError(output, 0, "is a directory; name a file to write");
+    throw CommandError(output, 0, "This is a folder; give a file to write.");
   }
   if (arguments.file != kStream && fs::equivalent(path, arguments.file, ignored)) {
-    throw CommandError(output, 0, "is the timeline itself; name another file to write");
+    throw CommandError(output, 0, "This is the timeline itself; give another file to write.");
   }
   return path;
 }

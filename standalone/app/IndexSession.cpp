@@ -32,7 +32,7 @@ Control& FindControl(const UIF::TabView& panel) {
   for (const auto& child : panel.GetChildViews()) {
     if (auto* const control = dynamic_cast<Control*>(child.Get())) return *control;
   }
-  throw std::runtime_error("the Sequence Index panel lacks a control that this command needs");
+  throw std::runtime_error("The Sequence Index panel lacks a control that this command needs.");
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ Control& FindControl(const UIF::TabView& panel) {
 IndexSession::IndexSession() : host(MakeSetup()), module(GetModuleLibraryPath()) {
   SwitchFeature("SequenceIndex", true);
   panel = host.OpenPanel();
-  if (panel == nullptr) throw std::runtime_error("the Sequence Index panel can't be opened");
+  if (panel == nullptr) throw std::runtime_error("The Sequence Index panel can't be opened.");
   Settle();
 }
 
@@ -52,7 +52,7 @@ IndexSession::~IndexSession() {
 void IndexSession::Settle() {
   host.GetRuntime().Drain();
   const auto failures = host.GetRuntime().GetLog().TakeFailures();
-  if (!failures.empty()) throw std::runtime_error("the index can't be built: " + failures.front());
+  if (!failures.empty()) throw std::runtime_error("The index can't be built: " + failures.front());
 }
 
 void IndexSession::KeepGaps(bool isKeepingGaps) {
@@ -73,7 +73,7 @@ void IndexSession::ChooseColumns(ColumnChoice choice) {
 
 void IndexSession::ShowDocument(DocumentDraft document) {
   const auto timelines = host.GetProject().AddDocument(std::move(document));
-  if (timelines.empty()) throw std::runtime_error("the file holds no timeline");
+  if (timelines.empty()) throw std::runtime_error("The file holds no timeline.");
   host.GetProject().ActivateSequence(timelines.front());
   Settle();
 }
@@ -84,7 +84,7 @@ void IndexSession::Export(const std::filesystem::path& file) {
                                       qelcore::UTF8String(file.extension().native()), false};
   const bool isWritten = panel->ObeyCommand(UIF::Command(kExportCommandID));
   Settle();
-  if (!isWritten) throw std::runtime_error("the panel exported nothing");
+  if (!isWritten) throw std::runtime_error("The panel exported nothing.");
 }
 
 }  // namespace standalone

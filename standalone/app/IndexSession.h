@@ -13,8 +13,8 @@ namespace standalone {
 /// The host with the Sequence Index module loaded and its panel open, driven by a command: each wish is
 /// carried out as a user would, with the panel's own controls. [main-thread]
 ///
-/// Every operation raises a failure that the panel or a build of it met meanwhile as std::runtime_error: a
-/// failed build must not pass as an empty table.
+/// Every operation raises a failure that the panel or a build of it met meanwhile as
+/// std::runtime_error: a failed build must not pass as an empty table.
 class IndexSession {
  public:
   /// Throws: std::runtime_error when the module can't be loaded or its panel can't be opened.

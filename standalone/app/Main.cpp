@@ -14,9 +14,13 @@ constexpr int kDone = 0;
 /// The command line, the input or the output is at fault. (1 is kept for commands that find something.)
 constexpr int kFailed = 2;
 
-void Run(const standalone::ExportArguments& arguments) { standalone::RunExport(arguments); }
+void Run(const standalone::ExportArguments& arguments) {
+  standalone::RunExport(arguments);
+}
 
-void Run(const std::string& words) { standalone::WriteToStandardOutput(words); }
+void Run(const std::string& words) {
+  standalone::WriteToStandardOutput(words);
+}
 
 int Fail(const std::string& line) {
   std::cerr << line << '\n';

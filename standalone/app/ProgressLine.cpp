@@ -17,7 +17,9 @@ ProgressLine::ProgressLine(std::string what)
       start(std::chrono::steady_clock::now()),
       isTerminal(isatty(STDERR_FILENO) == 1) {}
 
-ProgressLine::~ProgressLine() { Clear(); }
+ProgressLine::~ProgressLine() {
+  Clear();
+}
 
 void ProgressLine::Show(double fraction) {
   const int percent = static_cast<int>(fraction * 100);

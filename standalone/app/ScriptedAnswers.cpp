@@ -2,9 +2,13 @@
 
 namespace standalone {
 
-ScriptedAnswers::ScriptedAnswers() { SetDialogProvider(this); }
+ScriptedAnswers::ScriptedAnswers() {
+  SetDialogProvider(this);
+}
 
-ScriptedAnswers::~ScriptedAnswers() { SetDialogProvider(nullptr); }
+ScriptedAnswers::~ScriptedAnswers() {
+  SetDialogProvider(nullptr);
+}
 
 std::uint32_t ScriptedAnswers::ChooseFromMenu(const std::vector<MenuItem>&, qelui::ui::UI_Node&,
                                               qelui::Point) {

@@ -17,7 +17,7 @@ namespace standalone {
 PrivateFile::PrivateFile(std::string_view name) {
   std::string pattern = (std::filesystem::temp_directory_path() / "sequence-index-XXXXXX").native();
   if (mkdtemp(pattern.data()) == nullptr) {
-    throw CommandError(pattern, 0, "can't make a temporary folder: " + std::string(strerror(errno)));
+    throw CommandError(pattern, 0, "No temporary folder can be made: " + std::string(strerror(errno)));
   }
   path = std::filesystem::path(pattern) / name;
 }
@@ -43,7 +43,8 @@ void CopyToStandardOutput(const std::filesystem::path& file) {
     input.read(block.data(), block.size());
     WriteToStandardOutput({block.data(), static_cast<std::size_t>(input.gcount())});
   }
-  if (input.bad() || !input.eof()) throw CommandError(file.native(), 0, "can't be read back");
+  if (input.bad() || !input.eof())
+    throw CommandError(file.native(), 0, "The temporary file can't be read back.");
 }
 
 }  // namespace standalone

@@ -69,7 +69,6 @@ void JsonTreeBuilder::Parse() {
 
 void JsonTreeBuilder::ThrowParseError(int code, std::size_t offset) const {
   const std::size_t line = stream->line;
-  // The last byte too: a cut number ("-", "1.") is noticed at it.
   if (offset >= tree.buffer.size()) {
     throw ImportError(line,
                       "The file ends in the middle; it is not complete: export or copy it again.");

@@ -157,11 +157,14 @@ ClipDraft ReadOtioNestedItem(JsonValue item, OtioImport& import, const OtioPlace
   ClipDraft draft = ReadItem(item, JsonValue(), import, place);
   draft.media.isSynthetic = true;
   if (draft.sourceClipName.empty()) draft.sourceClipName = draft.name;
+  ReadGraphics(item, OtioReference(), draft);
   return draft;
 }
 
 ClipDraft ReadOtioUnknownItem(JsonValue item, OtioImport& import, const OtioPlace& place) {
-  return ReadItem(item, JsonValue(), import, place);
+  ClipDraft draft = ReadItem(item, JsonValue(), import, place);
+  ReadGraphics(item, OtioReference(), draft);
+  return draft;
 }
 
 }  // namespace standalone

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <utility>
 
 #include "host/ML/TextFilter.h"
@@ -18,14 +17,18 @@ MediaFlags FlagsOf(const MediaDraft& draft) {
   return flags;
 }
 
-/// The numbers of a media in one: its flags above its four-character code.
-std::uint64_t PackNumbers(const MediaDraft& draft, bool hasPicture) {
+std::uint64_t PackFlags(const MediaDraft& draft) {
   std::uint64_t packed = 0;
   for (const bool flag : {draft.isSynthetic, draft.isOffline, draft.isPendingConnection,
-                          draft.isGrowing, draft.isPendingRelink, hasPicture}) {
+                          draft.isGrowing, draft.isPendingRelink}) {
     packed = packed << 1U | (flag ? 1U : 0U);
   }
-  return packed << 32U | draft.fourCC;
+  return packed;
+}
+
+/// The numbers of a media in one: its flags, whether it has a picture, its four-character code.
+std::uint64_t PackNumbers(const MediaDraft& draft, bool hasPicture) {
+  return (PackFlags(draft) << 1U | (hasPicture ? 1U : 0U)) << 32U | draft.fourCC;
 }
 
 }  // namespace
@@ -53,7 +56,7 @@ ClipNode& ClipBuilder::Build(const ClipDraft& draft, bool hasPicture, Transition
   values.videoInfo = texts.Share(draft.videoInfo);
   values.frameDuration = draft.frameDuration;
   values.media = &ShareMedia(draft.media, hasPicture);
-  values.masterClip = ShareMasterClip(draft, *values.media);
+  values.masterClip = &ShareMasterClip(draft, *values.media);
   values.headTransition = head;
   values.tailTransition = tail;
   values.cameras = BuildCameras(draft.multicam);
@@ -84,17 +87,19 @@ MediaNode& ClipBuilder::BuildMedia(const MediaDraft& draft, bool hasPicture) {
   return content.media.Add(content, texts.Share(draft.address), FlagsOf(draft), source, reason);
 }
 
-MasterClipNode* ClipBuilder::ShareMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
-  const Key<6> key{KeyOf(draft.media.address), KeyOf(draft.sourceClipName),
-                   KeyOf(draft.comment),       KeyOf(draft.description),
-                   KeyOf(draft.tapeName),      draft.proxy ? KeyOf(draft.proxy->address) : 0};
-  // A proxy is a fact even when nobody knows where it lies.
-  const bool hasFacts =
-      draft.proxy || std::any_of(key.begin(), key.end(), [](auto part) { return part != 0; });
-  if (!hasFacts) return nullptr;
+MasterClipNode& ClipBuilder::ShareMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
+  Key<9> key{KeyOf(draft.media.address), KeyOf(draft.sourceClipName), KeyOf(draft.comment),
+             KeyOf(draft.description),   KeyOf(draft.tapeName),       KeyOf(draft.media.offlineReason),
+             PackFlags(draft.media)};
+  if (draft.proxy) {
+    // A proxy is a fact even when nobody knows where it lies.
+    constexpr std::uint64_t kHasProxy = std::uint64_t{1} << 63U;
+    key[7] = KeyOf(draft.proxy->address);
+    key[8] = PackFlags(*draft.proxy) | kHasProxy;
+  }
   MasterClipNode*& node = masterClips[key];
   if (node == nullptr) node = &BuildMasterClip(draft, clipMedia);
-  return node;
+  return *node;
 }
 
 MasterClipNode& ClipBuilder::BuildMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {

@@ -36,7 +36,7 @@ class ClipBuilder {
   std::uint64_t KeyOf(const std::string& text);
   MediaNode& ShareMedia(const MediaDraft& draft, bool hasPicture);
   MediaNode& BuildMedia(const MediaDraft& draft, bool hasPicture);
-  MasterClipNode* ShareMasterClip(const ClipDraft& draft, MediaNode& media);
+  MasterClipNode& ShareMasterClip(const ClipDraft& draft, MediaNode& media);
   MasterClipNode& BuildMasterClip(const ClipDraft& draft, MediaNode& clipMedia);
   void BuildComponents(const ClipDraft& draft);
   ComponentParamNode* BuildDocument(const ComponentDraft& draft);
@@ -45,7 +45,7 @@ class ClipBuilder {
   SequenceContent& content;
   TextPool& texts;
   NodeMap<4, MediaNode> media;
-  NodeMap<6, MasterClipNode> masterClips;
+  NodeMap<9, MasterClipNode> masterClips;
 };
 
 /// Makes the items of tracks.

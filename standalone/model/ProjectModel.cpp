@@ -72,6 +72,7 @@ class ProjectModel::State {
   OpenStation trackItemActivation{MZ::kStation_TrackItemActivation};
   const Ref<ProjectNode> project{new ProjectNode};
   std::vector<Ref<SequenceNode>> timelines;
+  std::vector<Ref<SequenceNode>> nested;
   /// The open ones, the most recently active last.
   std::vector<Ref<SequenceNode>> opened;
   Ref<SequenceNode> active;
@@ -116,15 +117,20 @@ std::vector<Ref<BE::ISequence>> ProjectModel::AddDocument(DocumentDraft document
   AssertMainThread("ProjectModel::AddDocument");
   TextPool texts;
   std::vector<Ref<BE::ISequence>> added;
-  const std::size_t count = std::min(document.timelineCount, document.sequences.size());
-  for (std::size_t i = 0; i < count; ++i) {
+  for (std::size_t i = 0; i < document.sequences.size(); ++i) {
     auto content = BuildContent(document.sequences[i], state->project, texts);
     // A draft can be larger than what is made of it: each goes as soon as it was read.
     document.sequences[i] = SequenceDraft();
-    state->timelines.emplace_back(new SequenceNode(std::move(content)));
-    added.emplace_back(state->timelines.back());
+    const Ref<SequenceNode> node(new SequenceNode(std::move(content)));
+    const bool isTimeline = i < document.timelineCount;
+    (isTimeline ? state->timelines : state->nested).push_back(node);
+    if (isTimeline) added.emplace_back(node);
   }
   return added;
+}
+
+std::vector<Ref<BE::ISequence>> ProjectModel::GetNestedSequences() const {
+  return {state->nested.begin(), state->nested.end()};
 }
 
 std::vector<Ref<BE::ISequence>> ProjectModel::GetSequences() const {

@@ -25,11 +25,14 @@ class STANDALONE_API ProjectModel {
 
   qelcore::Ref<BE::IProject> GetProject() const;
 
-  /// Adds the sequences of a document, closed; returns its timelines in file order.
+  /// Adds the timelines of a document, closed; returns them in file order.
   std::vector<qelcore::Ref<BE::ISequence>> AddDocument(DocumentDraft document);
 
   /// The timelines of the project, in the order added; nested sequences are not listed.
   std::vector<qelcore::Ref<BE::ISequence>> GetSequences() const;
+  /// The sequences that timelines nest, in the order added; items of the project that nothing opens by
+  /// itself.
+  std::vector<qelcore::Ref<BE::ISequence>> GetNestedSequences() const;
   qelcore::Ref<BE::ISequence> GetActiveSequence() const;
 
   /// Makes a sequence the active one. One that was not open yet is announced as opened first, to be
@@ -41,7 +44,9 @@ class STANDALONE_API ProjectModel {
   void CloseSequence(const qelcore::Ref<BE::ISequence>& sequence);
 
   /// Publishes a sequence anew under the write lock, keeping its identity. Announces a changed content
-  /// on the sequence's content station, then a changed name, start or format on the project's.
+  /// on the sequence's content station, then, where they changed, the number of tracks on its
+  /// track-group station, and name, start or format on the project's. Throws: qel_exception when the
+  /// calling thread holds the read lock; nothing changes then.
   void ReplaceSequence(const qelcore::Ref<BE::ISequence>& sequence, SequenceDraft draft);
 
  private:

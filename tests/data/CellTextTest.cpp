@@ -6,6 +6,7 @@
 
 #include "data/MediaTypes.h"
 #include "data/TimeText.h"
+#include "host/BE/Utilities.h"
 #include "host/MZ/Clips.h"
 #include "host/ZSL/Timecode.h"
 #include "host/qelcore/Exceptions.h"
@@ -137,15 +138,31 @@ TEST_F(CellTexts, MediaWithoutFileHasNeitherNameNorPath) {
   EXPECT_EQ(CellText(row, kColumnFilePath), "");
 }
 
-TEST_F(CellTexts, ATitleWithoutMasterClipHasNoneOfItsTextsAndRaisesNothing) {
+TEST_F(CellTexts, AClipWithoutMasterClipHasNoneOfItsTextsAndRaisesNothing) {
+  auto row = Row();
+  const qelcore::Ref fakeClip(new fakes::Clip(row.trackItem->GetClip()));
+  fakeClip->hasMasterClip = false;
+  const qelcore::Ref item(new fakes::TrackItem(row.trackItem));
+  item->clip = qelcore::Ref<BE::IClip>(fakeClip);
+  row.trackItem = item;
+  ASSERT_FALSE(BE::TrackItemUtils::GetMasterClip(row.trackItem));
+  for (const ColumnID column :
+       {kColumnComment, kColumnDescription, kColumnFileName, kColumnFilePath, kColumnOfflineStatus,
+        kColumnMulticamCamera, kColumnTapeName, kColumnUsageCountInSequence, kColumnVideoInfo}) {
+    EXPECT_EQ(CellText(row, column), "") << column;
+  }
+}
+
+TEST_F(CellTexts, ATitleWithoutNotesAndFileHasEmptyTexts) {
   clip = standalone::ClipDraft();
   clip.media.isSynthetic = true;
   const auto row = Row();
-  for (const ColumnID column : {kColumnComment, kColumnDescription, kColumnFileName, kColumnFilePath,
-                                kColumnOfflineStatus, kColumnMulticamCamera, kColumnTapeName,
-                                kColumnUsageCountInSequence, kColumnVideoInfo, kColumnSourceClipName}) {
+  for (const ColumnID column :
+       {kColumnComment, kColumnDescription, kColumnFileName, kColumnFilePath, kColumnOfflineStatus,
+        kColumnMulticamCamera, kColumnTapeName, kColumnVideoInfo, kColumnSourceClipName}) {
     EXPECT_EQ(CellText(row, column), "") << column;
   }
+  EXPECT_EQ(CellText(row, kColumnUsageCountInSequence), "1");
 }
 
 TEST_F(CellTexts, VideoInfoIsTheHosts) {

@@ -44,7 +44,7 @@ TEST(DemoTimeline, IsReadWithoutANote) {
   const SequenceDraft& sequence = Demo().document.sequences.at(0);
   EXPECT_EQ(sequence.zeroPoint.GetTicks(), 90000 * draft::k25);
   EXPECT_EQ(sequence.videoRate.GetFrameDuration().GetTicks(), draft::k25);
-  EXPECT_EQ(draft::Counts(sequence), "V1:13/2/4+1n V2:5/5/0 A1:5/3/0 A2:2/2/0");
+  EXPECT_EQ(draft::Counts(sequence), "V1:12/2/4+1n V2:5/5/0 A1:5/3/0 A2:2/2/0");
 }
 
 TEST(DemoTimeline, HasExactlyOneOfflineClip) {

@@ -106,6 +106,14 @@ TEST(Graphics, AreFlaggedOrGeneratorsOfText) {
   EXPECT_FALSE(isGraphic(otio::File("a.mov")));
 }
 
+TEST(Graphics, FontsListedForANestedItemAreItsOwn) {
+  const ClipDraft clip =
+      otio::ReadOnly(otio::Stack({}, "Titles", otio::Index(R"("fonts": ["Serif One"])")));
+  EXPECT_TRUE(clip.isGraphic);
+  ASSERT_EQ(clip.components.size(), 1u);
+  EXPECT_THAT(clip.components[0].fonts, ElementsAre("Serif One"));
+}
+
 TEST(Graphics, FontsInAnEffectsMetadataBelongToThatEffect) {
   const ClipDraft clip = WithEffect(
       R"({"OTIO_SCHEMA": "Effect.1", "name": "Burn in", "metadata": {"font_name": "Mono", "size": 3}})");

@@ -154,7 +154,7 @@ TEST(TimelineFiles, DigitsInFrontOfNumbersNeverDoWorseThanANote) {
   }
 }
 
-TEST(TimelineFiles, TimeAndNodesGrowWithTheFileAlone) {
+TEST(TimelineFiles, TwentyThousandClipsAreRead) {
   const auto clips = [](int count) {
     std::vector<std::string> items;
     for (int i = 0; i < count; ++i) items.push_back(otio::Clip("Clip", "10"));

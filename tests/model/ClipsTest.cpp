@@ -201,13 +201,24 @@ TEST_F(Clips, ClipsWithTheSameFactsShareTheMasterClip) {
   for (std::size_t i = 2; i <= 7; ++i) EXPECT_FALSE(MasterClipAt(i) == first) << i;
 }
 
-TEST_F(Clips, AClipWithoutFactsInTheProjectHasNoMasterClip) {
+TEST_F(Clips, EveryClipHasAMasterClipWithTheStateOfItsOwnMedia) {
   drafts::AddTitle(track, "Title", 0, 10, {});
-  drafts::AddTitle(track, "Title", 10, 20, {}).comment = "noted";
-  drafts::AddTitle(track, "Title", 20, 30, {}).sourceClipName = "Titles";
-  EXPECT_FALSE(MasterClipAt(0));
-  EXPECT_TRUE(MasterClipAt(1));
-  EXPECT_TRUE(MasterClipAt(2));
+  auto& lost = drafts::AddTitle(track, "Lost", 10, 20, {});
+  lost.media.isSynthetic = false;
+  lost.media.isOffline = true;
+  drafts::AddClip(track, "A", 20, 30);
+  drafts::AddClip(track, "A", 30, 40).media.isOffline = true;
+  ASSERT_TRUE(MasterClipAt(0));
+  EXPECT_FALSE(MasterClipAt(0)->GetMedia()->IsOffline());
+  EXPECT_TRUE(MasterClipAt(1)->GetMedia()->IsOffline());
+  EXPECT_FALSE(MasterClipAt(2)->GetMedia()->IsOffline());
+  EXPECT_TRUE(MasterClipAt(3)->GetMedia()->IsOffline());
+}
+
+TEST_F(Clips, PictureAndSoundOfOneFileShareTheMasterClip) {
+  drafts::AddClip(track, "A", 0, 10);
+  drafts::AddClip(drafts::AddTrack(draft, standalone::TrackKind::kAudio), "A", 0, 10);
+  EXPECT_EQ(MasterClipAt(0), MasterClipAt(1));
 }
 
 TEST_F(Clips, TheProxyIsFoundThroughTheMasterClip) {

@@ -100,13 +100,15 @@ TEST_F(ProjectModelTest, AddingADocumentOpensNothing) {
   EXPECT_FALSE(project->GetActiveSequence());
 }
 
-TEST_F(ProjectModelTest, NestedSequencesAreNotListed) {
+TEST_F(ProjectModelTest, NestedSequencesAreItemsOfTheProjectButNotListed) {
   auto document = drafts::MakeDocument({drafts::MakeSequence("A"), drafts::MakeSequence("Inner")});
   document.timelineCount = 1;
   const auto added = project->AddDocument(document);
   ASSERT_EQ(added.size(), 1U);
   EXPECT_EQ(NameOf(added[0]), "A");
   EXPECT_EQ(project->GetSequences(), added);
+  ASSERT_EQ(project->GetNestedSequences().size(), 1U);
+  EXPECT_EQ(NameOf(project->GetNestedSequences()[0]), "Inner");
   document.timelineCount = 7;
   EXPECT_EQ(project->AddDocument(document).size(), 2U);
 }

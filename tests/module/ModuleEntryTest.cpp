@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <string>
@@ -19,17 +19,12 @@ bool isOutOfMemory = false;
 }  // namespace
 
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
-  return isOutOfMemory ? nullptr : std::malloc(bytes == 0 ? 1 : bytes);
-}
-void* operator new(std::size_t bytes) {
-  void* const block = std::malloc(bytes == 0 ? 1 : bytes);
-  return block == nullptr ? throw std::bad_alloc() : block;
-}
-void operator delete(void* block) noexcept {
-  std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-  std::free(block);
+  if (isOutOfMemory) return nullptr;
+  try {
+    return ::operator new(bytes);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
 }
 
 namespace Vantrel {

@@ -32,7 +32,8 @@ class LostSequence final : public BE::ISequence,
   void* QueryInterface(qelcore::InterfaceID id) noexcept override {
     if (id == BE::ISequence::kInterfaceID) return static_cast<BE::ISequence*>(this);
     if (id == BE::ISequenceContent::kInterfaceID) return static_cast<BE::ISequenceContent*>(this);
-    if (id == BE::ISequenceTrackGroups::kInterfaceID) return static_cast<BE::ISequenceTrackGroups*>(this);
+    if (id == BE::ISequenceTrackGroups::kInterfaceID)
+      return static_cast<BE::ISequenceTrackGroups*>(this);
     if (id == standalone::VisitableSequence::kInterfaceID) {
       return static_cast<standalone::VisitableSequence*>(this);
     }

@@ -39,11 +39,10 @@ constexpr Sample kSamples[] = {
 class SharedSample : public testing::TestWithParam<Sample> {};
 
 TEST_P(SharedSample, IsExportedWithEveryClipAndEveryGap) {
-  const std::filesystem::path file =
-      std::filesystem::path(SHARED_SAMPLES) / "otio" / GetParam().file;
+  const std::filesystem::path file = std::filesystem::path(SHARED_SAMPLES) / "otio" / GetParam().file;
   if (!std::filesystem::exists(file)) return;
-  const process::Outcome outcome = process::Run(
-      {PROGRAM, "export", file.native(), "--gaps", "--columns", "all", "-o", "-"});
+  const process::Outcome outcome =
+      process::Run({PROGRAM, "export", file.native(), "--gaps", "--columns", "all", "-o", "-"});
   EXPECT_EQ(outcome.code, 0) << outcome.errors;
   const auto rows = csv::Parse(outcome.output);
   ASSERT_FALSE(rows.empty());

@@ -85,14 +85,40 @@ TEST_F(Futures, ReleasingOneNeitherWaitsNorCancels) {
   EXPECT_TRUE(ran);
 }
 
+/// Notes, whenever it is given a task, whether an object is gone.
+class ObservingExecutor final : public AsyncExecutor {
+ public:
+  void Submit(std::function<void()> task) override {
+    wasGone.push_back(observed.expired());
+    inner.Submit(std::move(task));
+  }
+  SteppedExecutor inner;
+  std::weak_ptr<int> observed;
+  std::vector<bool> wasGone;
+};
+
 TEST_F(Futures, DestroyTheFunctionBeforeTheyAreReady) {
+  const auto observer = std::make_shared<ObservingExecutor>();
   auto token = std::make_shared<int>(1);
-  const std::weak_ptr<int> weak = token;
-  const Future<void> future = Async([held = std::move(token)] {});
-  bool wasGone = false;
-  future.MakeContinuation([&](const Future<void>&, Promise<void>&) { wasGone = weak.expired(); });
+  observer->observed = token;
+  const Future<void> future = AsyncWithExecutorAndContinuationExecutorAndDelay(
+      executor, 0ms, observer, [held = std::move(token)] {});
+  future.MakeContinuation([](const Future<void>&, Promise<void>&) {});
   executor->RunUntilEmpty();
-  EXPECT_TRUE(wasGone);
+  EXPECT_THAT(observer->wasGone, ElementsAre(true));
+}
+
+TEST_F(Futures, DestroyAContinuationBeforeItsResultIsReady) {
+  const auto observer = std::make_shared<ObservingExecutor>();
+  auto token = std::make_shared<int>(1);
+  observer->observed = token;
+  const Future<void> future =
+      AsyncWithExecutorAndContinuationExecutorAndDelay(executor, 0ms, observer, [] {});
+  future.MakeContinuation([held = std::move(token)](const Future<void>&, Promise<void>&) {})
+      .MakeContinuation([](const Future<void>&, Promise<void>&) {});
+  executor->RunUntilEmpty();
+  observer->inner.RunUntilEmpty();
+  EXPECT_THAT(observer->wasGone, ElementsAre(false, true));
 }
 
 TEST_F(Futures, AContinuationIsQueuedOnceTheWorkIsDone) {

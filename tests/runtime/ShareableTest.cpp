@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "host/qelcore/UTF8String.h"
+#include "runtime/Gate.h"
 
 namespace {
 
@@ -80,6 +81,31 @@ TEST(RecyclingAllocator, HandsAFreedBlockOutAgain) {
   void* const second = RecyclingAllocate(48);
   EXPECT_EQ(second, first);
   RecyclingFree(second, 48);
+}
+
+TEST(RecyclingAllocator, ALivingThreadPassesOnWhatItFreed) {
+  constexpr std::size_t kBytes = 400;
+  constexpr std::size_t kBlocks = 2000;
+  std::set<void*> blocks;
+  for (std::size_t i = 0; i < kBlocks; ++i) blocks.insert(RecyclingAllocate(kBytes));
+  Gate freed;
+  Gate done;
+  std::thread freeing([&] {
+    for (void* const block : blocks) RecyclingFree(block, kBytes);
+    freed.Open();
+    done.Await();
+  });
+  freed.Await();
+  std::vector<void*> again;
+  for (std::size_t i = 0; i < kBlocks; ++i) again.push_back(RecyclingAllocate(kBytes));
+  done.Open();
+  freeing.join();
+  std::size_t reused = 0;
+  for (void* const block : again) {
+    reused += blocks.count(block);
+    RecyclingFree(block, kBytes);
+  }
+  EXPECT_GT(reused, kBlocks * 9 / 10);
 }
 #endif
 

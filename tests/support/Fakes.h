@@ -90,13 +90,15 @@ class Component final : public Counted<BE::IComponent> {
   const qelcore::Ref<BE::IComponent> real;
 };
 
-/// A clip that can lack its media or its components, or hold others.
+/// A clip that can lack its media, its components or its master clip, or hold others.
 class Clip final : public Counted<BE::IClip>, public BE::IComponentOwner {
  public:
   explicit Clip(qelcore::Ref<BE::IClip> real) : real(std::move(real)) {}
 
   bool hasMedia = true;
   bool hasComponents = true;
+  /// False: the project knows no such clip.
+  bool hasMasterClip = true;
   /// In place of the real clip's components; may hold empty references.
   std::optional<std::vector<qelcore::Ref<BE::IComponent>>> components;
   std::optional<qelcore::UTF8String> name;
@@ -109,7 +111,7 @@ class Clip final : public Counted<BE::IClip>, public BE::IComponentOwner {
     if (id == BE::IComponentOwner::kInterfaceID) {
       return hasComponents ? static_cast<BE::IComponentOwner*>(this) : nullptr;
     }
-    return real->QueryInterface(id);
+    return hasMasterClip ? real->QueryInterface(id) : nullptr;
   }
   qelcore::UTF8String GetName() const override { return name ? *name : real->GetName(); }
   qelmediatypes::TickTime GetFrameDuration() const override {

@@ -10,6 +10,9 @@ namespace hostcalls {
 /// While true, every header row says that it has no column at all. The host's own always has one.
 inline bool headerRowsHaveNoColumns = false;
 
+/// While true, a menu toggles the check mark of the item that is chosen, which the host's own never do.
+inline bool menusToggleTheChosenItem = false;
+
 /// While set, this is the active project, or none; the host's own has every interface and is always
 /// there.
 inline std::optional<qelcore::Ref<BE::IProject>> activeProjectInstead;

@@ -15,6 +15,7 @@
 #include "host/qelcore/Files.h"
 #include "host/qelcore/Future.h"
 #include "host/qelcore/Messaging.h"
+#include "host/qelui/Node.h"
 #include "support/HostCalls.h"
 #include "support/HostFaults.h"
 
@@ -156,6 +157,17 @@ void TabView::AddChildView(const qelcore::Ref<qelui::ui::UI_SubView>& control) {
 }
 
 }  // namespace UIF
+
+namespace qelui::ui {
+
+void UI_Node::UI_SetEnabled(bool isEnabled) {
+  Called("UI_SetEnabled", isEnabled);
+  using Function = void (*)(UI_Node*, bool);
+  static const auto real = Real<Function>("_ZN5qelui2ui7UI_Node13UI_SetEnabledEb");
+  real(this, isEnabled);
+}
+
+}  // namespace qelui::ui
 
 namespace qelcore::messaging {
 

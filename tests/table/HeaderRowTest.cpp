@@ -9,6 +9,7 @@
 
 #include "support/Drafts.h"
 #include "support/HostCalls.h"
+#include "support/HostFaults.h"
 #include "table/ColumnFixture.h"
 
 namespace Vantrel {
@@ -67,6 +68,14 @@ TEST_F(HeaderRow, AColumnIsToggledFromTheMenusMarkNotFromWhatTheStoreSaysMeanwhi
   Names expected = kDefaultColumns;
   std::erase(expected, "Track");
   EXPECT_EQ(GetShownColumns(*tree), expected);
+}
+
+TEST_F(HeaderRow, AColumnIsToggledFromItsMarkAsTheMenuReportsItAfterClosing) {
+  const auto tree = MakeTree();
+  hostcalls::menusToggleTheChosenItem = true;
+  Choose(*tree, kColumnTrack);
+  hostcalls::menusToggleTheChosenItem = false;
+  EXPECT_EQ(GetShownColumns(*tree), kDefaultColumns) << "unchecked after closing: to be shown";
 }
 
 TEST_F(HeaderRow, ADismissedMenuChangesNothingAndIsHandled) {

@@ -10,6 +10,7 @@
 #include "host/qelcore/Future.h"
 #include "host/qelcore/Messaging.h"
 #include "host/qelcore/Threads.h"
+#include "host/qelui/Menu.h"
 #include "host/qelui/MultiColumnTree.h"
 #include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "support/HostFaults.h"
@@ -281,3 +282,16 @@ void UI_MultiColumnTreeHeaderRow::ShowSortIndicator(bool isShown) {
 }
 
 }  // namespace qelui::controls
+
+namespace qelui::ui {
+
+std::uint32_t UI_DoContextMenu(const std::shared_ptr<IOSMenu>& menu, UI_Node& node, Point position) {
+  using Function = std::uint32_t (*)(const std::shared_ptr<IOSMenu>&, UI_Node&, Point);
+  static const auto real = Real<Function>(
+      "_ZN5qelui2ui16UI_DoContextMenuERKSt10shared_ptrINS0_7IOSMenuEERNS0_7UI_NodeENS_5PointE");
+  const std::uint32_t chosen = real(menu, node, position);
+  if (hostcalls::menusToggleTheChosenItem) menu->SetItemChecked(chosen, !menu->IsItemChecked(chosen));
+  return chosen;
+}
+
+}  // namespace qelui::ui

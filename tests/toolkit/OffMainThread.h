@@ -6,7 +6,8 @@
 
 // Forking a process that has threads is beyond the thread sanitizer.
 #ifdef __SANITIZE_THREAD__
-#define EXPECT_STOPS_OFF_MAIN_THREAD(operation, name)
+#define EXPECT_STOPS_OFF_MAIN_THREAD(operation, name) \
+  static_cast<void>([&] { static_cast<void>(operation); })
 #else
 /// Expects that `operation`, called off the main thread, stops the program with a sentence that begins
 /// with `name`.

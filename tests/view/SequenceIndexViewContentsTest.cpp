@@ -36,7 +36,9 @@ TEST_F(Contents, StandAtTheirPlacesInTheViewsRectangle) {
 }
 
 TEST_F(Contents, TheFilterButtonIsEnabledAndBothControlsAreTheViews) {
+  const hostcalls::Recording recording;
   CreateContents();
+  EXPECT_EQ(recording.GetCalls({"UI_SetEnabled"}), Calls{"UI_SetEnabled(true)"});
   EXPECT_TRUE(view->GetFilterButton()->UI_IsEnabled());
   ASSERT_EQ(view->GetChildViews().size(), 2U);
   EXPECT_EQ(view->GetChildViews()[0].Get(), view->GetFilterButton().Get());

@@ -167,15 +167,24 @@ TEST_F(ViewExport, AFailureOfTheFileLayerLeavesTheCommandAsTheHostsException) {
 
 TEST_F(ViewExport, SurvivesAPanelThatIsClosedWhileTheDialogIsOpen) {
   ShowSequence();
-  auto* const raw = view.get();
-  const std::shared_ptr<SequenceIndexView> calling = view;
+  SequenceIndexView& closed = *view;
   answers.exportAnswer = [&](standalone::ExportChoice& choice) {
     view.reset();
     choice.folder = qelcore::UTF8String(folder.native());
     return true;
   };
-  EXPECT_TRUE(raw->ExportSequenceIndex());
+  EXPECT_TRUE(closed.ObeyCommand(UIF::Command(36003)));
   EXPECT_TRUE(std::filesystem::exists(folder / "Reel 1"));
+}
+
+TEST_F(ViewExport, SurvivesAPanelThatIsClosedBeforeTheDialogIsCancelled) {
+  ShowSequence();
+  SequenceIndexView& closed = *view;
+  answers.exportAnswer = [&](standalone::ExportChoice&) {
+    view.reset();
+    return false;
+  };
+  EXPECT_FALSE(closed.ObeyCommand(UIF::Command(36003)));
 }
 
 }  // namespace
