@@ -8,8 +8,7 @@ namespace standalone {
 
 SteppedExecutor::SteppedExecutor() = default;
 SteppedExecutor::~SteppedExecutor() {
-  // One by one: a task that goes may submit another.
-  while (TakeOldest()) continue;
+  DropAll();
 }
 
 void SteppedExecutor::Submit(std::function<void()> task) {
@@ -28,6 +27,11 @@ std::size_t SteppedExecutor::RunUntilEmpty() {
   std::size_t count = 0;
   while (RunOne()) ++count;
   return count;
+}
+
+void SteppedExecutor::DropAll() {
+  // One by one: a task that goes may submit another.
+  while (TakeOldest()) continue;
 }
 
 std::size_t SteppedExecutor::CountWaiting() const {

@@ -11,6 +11,9 @@
 namespace standalone {
 
 /// An executor that runs tasks only when told, on the calling thread: the schedule of a test.
+///
+/// A task of a future holds the executor of its continuations. When that is the one it waits in, both
+/// stay alive until the task runs or is dropped; so run or drop what waits at the end.
 class STANDALONE_API SteppedExecutor final : public qelcore::threads::AsyncExecutor {
  public:
   SteppedExecutor();
@@ -23,6 +26,8 @@ class STANDALONE_API SteppedExecutor final : public qelcore::threads::AsyncExecu
   bool RunOne();
   /// Runs tasks until none is left; returns how many ran.
   std::size_t RunUntilEmpty();
+  /// Destroys the tasks that wait, those submitted meanwhile included.
+  void DropAll();
   std::size_t CountWaiting() const;
 
  private:

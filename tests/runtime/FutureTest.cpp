@@ -106,6 +106,7 @@ TEST_F(Futures, DestroyTheFunctionBeforeTheyAreReady) {
   future.MakeContinuation([](const Future<void>&, Promise<void>&) {});
   executor->RunUntilEmpty();
   EXPECT_THAT(observer->wasGone, ElementsAre(true));
+  observer->inner.DropAll();
 }
 
 TEST_F(Futures, DestroyAContinuationBeforeItsResultIsReady) {
@@ -119,6 +120,7 @@ TEST_F(Futures, DestroyAContinuationBeforeItsResultIsReady) {
   executor->RunUntilEmpty();
   observer->inner.RunUntilEmpty();
   EXPECT_THAT(observer->wasGone, ElementsAre(false, true));
+  observer->inner.DropAll();
 }
 
 TEST_F(Futures, AContinuationIsQueuedOnceTheWorkIsDone) {

@@ -134,6 +134,15 @@ TEST(SteppedExecutor, RunsATaskOnlyWhenTold) {
   EXPECT_FALSE(executor.RunOne());
 }
 
+TEST(SteppedExecutor, DroppingRunsNothing) {
+  SteppedExecutor executor;
+  const auto token = std::make_shared<int>(1);
+  for (int i = 0; i < 3; ++i) executor.Submit([token] { FAIL() << "dropped, not run"; });
+  executor.DropAll();
+  EXPECT_EQ(token.use_count(), 1);
+  EXPECT_EQ(executor.CountWaiting(), 0U);
+}
+
 TEST(SteppedExecutor, ATaskThatIsDroppedMaySubmitAnother) {
   auto executor = std::make_unique<SteppedExecutor>();
   struct SubmitsWhenDropped {
