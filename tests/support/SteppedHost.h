@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -14,6 +15,12 @@
 /// test says so, all on its own thread.
 class SteppedHost {
  public:
+  SteppedHost() = default;
+  /// Runs what is left: a task that waits on a serial executor keeps the pool, which keeps the task.
+  ~SteppedHost() { Settle(); }
+  SteppedHost(const SteppedHost&) = delete;
+  SteppedHost& operator=(const SteppedHost&) = delete;
+
   standalone::StandaloneHost* operator->() noexcept { return &host; }
   standalone::StandaloneHost& operator*() noexcept { return host; }
   standalone::SteppedExecutor& GetPool() noexcept { return *pool; }
