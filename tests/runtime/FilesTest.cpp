@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -56,6 +55,27 @@ TEST(FileName, OfAForeignMediaAddressSplitsAtBackslashesToo) {
 TEST(FilePath, StaysAsItWasGiven) {
   EXPECT_EQ(File("/a\\\\b//c", StorageType::kPlatformFile).GetPathUTF8(), "/a\\\\b//c");
 }
+
+/// For its lifetime the administrator, whom nothing is forbidden, has the rights of the user who owns
+/// least; that user owns the folder from then on.
+class AsOrdinaryUser {
+ public:
+  explicit AsOrdinaryUser(const fs::path& folder) : isAdministrator(geteuid() == 0) {
+    if (!isAdministrator) return;
+    EXPECT_EQ(chown(folder.c_str(), kNobody, kNobody), 0);
+    EXPECT_EQ(seteuid(kNobody), 0);
+  }
+  ~AsOrdinaryUser() {
+    if (!isAdministrator) return;
+    EXPECT_EQ(seteuid(0), 0);
+  }
+  AsOrdinaryUser(const AsOrdinaryUser&) = delete;
+  AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  const bool isAdministrator;
+};
 
 class Files : public testing::Test {
  protected:
@@ -259,7 +279,7 @@ TEST_F(Files, AnExistingOneIsKeptWhenItMustNotBeReplaced) {
 }
 
 TEST_F(Files, AnUnwritableFolderIsAnErrorAndTheOldFileStays) {
-  if (geteuid() == 0) GTEST_SKIP() << "no folder is unwritable for the administrator";
+  const AsOrdinaryUser rights(folder);
   Write(folder / "out.csv", "old");
   fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
   EXPECT_THAT(FailureOfSaving(folder / "out.csv"), HasSubstr("Permission denied"));
@@ -267,7 +287,7 @@ TEST_F(Files, AnUnwritableFolderIsAnErrorAndTheOldFileStays) {
 }
 
 TEST_F(Files, AWriteProtectedFileIsNotReplaced) {
-  if (geteuid() == 0) GTEST_SKIP() << "no file is protected from the administrator";
+  const AsOrdinaryUser rights(folder);
   Write(folder / "out.csv", "old");
   fs::permissions(folder / "out.csv", fs::perms::owner_read);
   EXPECT_THAT(FailureOfSaving(folder / "out.csv"), HasSubstr("Permission denied"));
@@ -307,22 +327,12 @@ TEST_F(Files, ATargetThatBecameAFolderMakesCloseFail) {
   EXPECT_THAT(Names(), ElementsAre("out.csv"));
 }
 
-/// Devices that a defect can't harm: an administrator, who could replace those of the system, gets
-/// nodes of their own.
+/// An ordinary user can't harm the system's devices, whatever a defect does.
 class Devices : public Files {
  protected:
-  void SetUp() override {
-    if (geteuid() != 0) return;
-    nullDevice = (folder / "null").native();
-    fullDevice = (folder / "full").native();
-    constexpr unsigned kMemoryDevices = 1;
-    const bool areMade = mknod(nullDevice.c_str(), S_IFCHR | 0666, makedev(kMemoryDevices, 3)) == 0 &&
-                         mknod(fullDevice.c_str(), S_IFCHR | 0666, makedev(kMemoryDevices, 7)) == 0;
-    if (!areMade || !std::ofstream(nullDevice)) GTEST_SKIP() << "devices can't be made here";
-  }
-
-  std::string nullDevice = "/dev/null";
-  std::string fullDevice = "/dev/full";
+  const AsOrdinaryUser rights{folder};
+  const std::string nullDevice = "/dev/null";
+  const std::string fullDevice = "/dev/full";
 };
 
 TEST_F(Devices, AreWrittenDirectly) {
