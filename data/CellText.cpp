@@ -8,11 +8,11 @@
 #include "data/MediaTypes.h"
 #include "data/MulticamCamera.h"
 #include "data/OfflineStatus.h"
+#include "data/ParentProject.h"
 #include "data/ProjectItemTexts.h"
 #include "data/TimeText.h"
 #include "host/BE/Utilities.h"
 #include "host/MZ/Clips.h"
-#include "host/MZ/Sequences.h"
 #include "host/qelcore/Strings.h"
 
 namespace Vantrel {
@@ -23,9 +23,6 @@ using qelmediatypes::TickTime;
 
 /// The last argument of CreateVideoFrameRateString: "25.00 fps".
 constexpr int kFramesPerSecond = 0;
-
-/// The second argument of GetSequenceParentProject: the sequence's own parent, shown or not.
-constexpr bool kSearchParents = true;
 
 UTF8String Decimal(std::uint64_t value) {
   char buffer[qelcore::string::kUInt64BufferSize];
@@ -47,7 +44,7 @@ UTF8String TrackText(const TrackItemRowData& row) {
 
 UTF8String UsageCountText(const TrackItemRowData& row) {
   const auto masterClip = BE::TrackItemUtils::GetMasterClip(row.trackItem);
-  const auto project = MZ::SequenceUtils::GetSequenceParentProject(row.sequence, kSearchParents);
+  const auto project = FindParentProject(row.sequence);
   if (!masterClip || !project) return {};
   return Decimal(MZ::Project::GetMasterClipUsageCount(project, masterClip, row.sequence));
 }

@@ -12,7 +12,8 @@ namespace Vantrel {
 /// A question put to a row. Runs on the refresh executor; owns what it needs.
 using FilterPredicate = std::function<bool(const TrackItemRowData&)>;
 
-/// How the predicates of a group combine; any other number counts as kAny.
+/// How the predicates of a group combine; any number but kFilterGroupKind_All counts as
+/// kFilterGroupKind_Any.
 inline constexpr std::uint32_t kFilterGroupKind_All = 0;  ///< Every one; an empty group passes.
 inline constexpr std::uint32_t kFilterGroupKind_Any = 1;  ///< At least one; an empty group fails.
 

@@ -9,11 +9,11 @@
 #include "data/ListText.h"
 #include "data/LocalizedText.h"
 #include "data/MediaTypes.h"
+#include "data/ParentProject.h"
 #include "data/TransitionScan.h"
 #include "data/VideoCodecText.h"
 #include "host/BE/Utilities.h"
 #include "host/MZ/Clips.h"
-#include "host/MZ/Sequences.h"
 #include "host/UIF/QELConversionUtilities.h"
 #include "host/qelcore/Strings.h"
 
@@ -22,9 +22,6 @@ namespace {
 
 /// The longest name shown, in characters.
 constexpr std::size_t kNameLimit = 2048;
-
-/// The second argument of GetSequenceParentProject: the sequence's own parent, shown or not.
-constexpr bool kSearchParents = true;
 
 const qelcore::UTF8String& GapName() {
   static const auto text = Localize("$$$/Vantrel/TrackItemRowData/EmptyItem=Gap");
@@ -80,7 +77,9 @@ qelcore::UTF8String ClipName(const TrackItemRowData& row, const BE::IClip& clip,
 
 RowBuilder::RowBuilder(const qelcore::Ref<BE::ISequence>& sequence, TrackItemDataList& rows)
     : sequence(sequence),
-      parentProject(MZ::SequenceUtils::GetSequenceParentProject(sequence, kSearchParents)),
+      parentProject(FindParentProject(sequence)),
+      videoFrameDuration(qelcore::Required(sequence).GetVideoFrameDuration()),
+      audioFrameDuration(sequence->GetAudioFrameDuration()),
       rows(rows) {}
 
 void RowBuilder::AppendRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
@@ -134,8 +133,8 @@ TrackItemRowData RowBuilder::MakeRow(const qelcore::Ref<BE::ITrackItem>& trackIt
 }
 
 qelmediatypes::TickTime RowBuilder::GetFrameDuration(const BE::MediaType& mediaType) const {
-  if (mediaType == BE::kMediaType_Video) return sequence->GetVideoFrameDuration();
-  if (mediaType == BE::kMediaType_Audio) return sequence->GetAudioFrameDuration();
+  if (mediaType == BE::kMediaType_Video) return videoFrameDuration;
+  if (mediaType == BE::kMediaType_Audio) return audioFrameDuration;
   return qelmediatypes::kUnknownFrameDuration;
 }
 

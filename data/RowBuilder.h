@@ -3,6 +3,7 @@
 #include "data/TrackItemRowData.h"
 #include "host/BE/Model.h"
 #include "host/qelcore/Reference.h"
+#include "host/qelmediatypes/TickTime.h"
 
 namespace Vantrel {
 
@@ -10,7 +11,8 @@ namespace Vantrel {
 /// what all rows have in common is asked of the host once.
 class RowBuilder {
  public:
-  /// Appends to `rows`, which outlives the builder.
+  /// Appends to `rows`. Both arguments outlive the builder. Throws: null_pointer_exception for an empty
+  /// sequence.
   RowBuilder(const qelcore::Ref<BE::ISequence>& sequence, TrackItemDataList& rows);
   RowBuilder(const RowBuilder&) = delete;
   RowBuilder& operator=(const RowBuilder&) = delete;
@@ -27,6 +29,8 @@ class RowBuilder {
 
   const qelcore::Ref<BE::ISequence>& sequence;
   const qelcore::Ref<BE::IProject> parentProject;
+  const qelmediatypes::TickTime videoFrameDuration;
+  const qelmediatypes::TickTime audioFrameDuration;
   TrackItemDataList& rows;
 };
 

@@ -36,6 +36,7 @@ BE::VisitorStatus VisitNode(qelcore::IUnknown& node, const TrackGroupIDs& groups
 
 void CollectRows(const qelcore::Ref<BE::ISequence>& sequence, const TrackGroupIDs& groups,
                  TrackItemDataList& rows) {
+  if (!sequence) return;
   const BackendReadLock lock;
   RowBuilder builder(sequence, rows);
   VisitTrackItems(sequence, groups, {BE::kTrackItemType_Empty, BE::kTrackItemType_Clip},

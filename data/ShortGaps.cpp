@@ -3,6 +3,7 @@
 #include "data/MediaTypes.h"
 #include "host/BE/Model.h"
 #include "host/qelcore/Reference.h"
+#include "host/qelmediatypes/TickTime.h"
 
 namespace Vantrel {
 namespace {
@@ -12,10 +13,27 @@ bool IsTrackDisabledOrMuted(const TrackItemRowData& row) {
   return qelcore::RequireInterface<BE::ITrack>(track)->IsDisabledOrMuted();
 }
 
+/// The picture frame duration of sequences. Asking for it takes a lock, and the rows of a list are of one
+/// sequence, so the last answer is kept.
+class FrameDurations {
+ public:
+  qelmediatypes::TickTime Get(const qelcore::Ref<BE::ISequence>& sequence) {
+    if (asked == nullptr || asked != sequence.Get()) {
+      duration = qelcore::Required(sequence).GetVideoFrameDuration();
+      asked = sequence.Get();
+    }
+    return duration;
+  }
+
+ private:
+  const BE::ISequence* asked = nullptr;
+  qelmediatypes::TickTime duration;
+};
+
 bool IsShortGap(const TrackItemRowData& previous, const TrackItemRowData& current,
-                std::int32_t threshold) {
+                std::int32_t threshold, FrameDurations& frameDurations) {
   if (previous.end >= current.start) return false;
-  const auto frameDuration = qelcore::Required(previous.sequence).GetVideoFrameDuration();
+  const auto frameDuration = frameDurations.Get(previous.sequence);
   return threshold >= (current.start - previous.end).ToFrame64(frameDuration);
 }
 
@@ -24,9 +42,10 @@ bool IsShortGap(const TrackItemRowData& previous, const TrackItemRowData& curren
 void MarkShortGaps(TrackItemDataList& rows, std::int32_t threshold) {
   // Comparing looks at times only, so flags already set do not matter and positions need no copies.
   const TrackItemRowData* previous = nullptr;
+  FrameDurations frameDurations;
   for (const TrackItemRowData& current : rows) {
     if (!IsVideoRow(current) || IsTrackDisabledOrMuted(current)) continue;
-    if (previous != nullptr && IsShortGap(*previous, current, threshold)) {
+    if (previous != nullptr && IsShortGap(*previous, current, threshold, frameDurations)) {
       rows[previous->index].endFlagged = true;
       rows[current.index].startFlagged = true;
     }

@@ -45,6 +45,7 @@ Arguments ParseArguments(int argc, const char* const* argv) {
   CLI::App program(kAbout, "sequence-index");
   program.set_version_flag("--version", "sequence-index " SEQUENCE_INDEX_VERSION);
   program.footer(kEpilogue);
+  program.get_formatter()->label("SUBCOMMAND", "COMMAND");
   program.require_subcommand(1);
   ExportArguments exportArguments;
   AddExport(program, exportArguments);

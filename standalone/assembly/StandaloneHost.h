@@ -34,7 +34,7 @@ class STANDALONE_API StandaloneHost {
       std::string_view windowTypeID = UIF::kSequenceIndexWindowTypeID,
       const qelui::Rect& room = qelui::Rect{0, 0, 1584, 910});
   std::shared_ptr<UIF::TabView> GetPanel() const noexcept { return panel; }
-  /// Lets go of the panel; pending work of it does nothing from then on.
+  /// Lets go of the panel. Its handler keeps it until it makes another one or is dropped.
   void ClosePanel();
 
  private:

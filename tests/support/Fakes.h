@@ -49,6 +49,7 @@ class Nothing final : public Counted<qelcore::IUnknown> {
   void* QueryInterface(qelcore::InterfaceID) noexcept override { return nullptr; }
 };
 
+/// A sequence that only knows how long its frames last; it has no project.
 class Sequence final : public Counted<BE::ISequence> {
  public:
   explicit Sequence(qelmediatypes::TickTime videoFrameDuration)
@@ -57,8 +58,10 @@ class Sequence final : public Counted<BE::ISequence> {
     return id == BE::ISequence::kInterfaceID ? static_cast<BE::ISequence*>(this) : nullptr;
   }
   qelcore::UTF8String GetName() const override { return {}; }
+  /// Unlike any picture's, so that taking one for the other shows.
+  static constexpr qelmediatypes::TickTime kAudioFrameDuration{7};
   qelmediatypes::TickTime GetVideoFrameDuration() const override { return videoFrameDuration; }
-  qelmediatypes::TickTime GetAudioFrameDuration() const override { return videoFrameDuration; }
+  qelmediatypes::TickTime GetAudioFrameDuration() const override { return kAudioFrameDuration; }
 
  private:
   const qelmediatypes::TickTime videoFrameDuration;
