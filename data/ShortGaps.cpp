@@ -13,8 +13,8 @@ bool IsTrackDisabledOrMuted(const TrackItemRowData& row) {
   return qelcore::RequireInterface<BE::ITrack>(track)->IsDisabledOrMuted();
 }
 
-/// The picture frame duration of sequences. Asking for it takes a lock, and the rows of a list are of one
-/// sequence, so the last answer is kept.
+/// The picture frame duration of sequences. Asking for it takes a lock, and the rows of a list are of
+/// one sequence, so the last answer is kept.
 class FrameDurations {
  public:
   qelmediatypes::TickTime Get(const qelcore::Ref<BE::ISequence>& sequence) {

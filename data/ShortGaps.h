@@ -12,8 +12,8 @@ namespace Vantrel {
 /// or muted tracks are left out first. Frames are those of the first row's sequence. A negative
 /// threshold marks nothing. [any-thread]
 /// @param rows a whole list in its final order, numbered: each `index` is the row's position.
-/// Throws: null_pointer_exception for a picture row without track item or track, or without sequence where
-/// a gap follows it; rows may be marked by then.
+/// Throws: null_pointer_exception for a picture row without track item or track, or without sequence
+/// where a gap follows it; rows may be marked by then.
 void MarkShortGaps(TrackItemDataList& rows, std::int32_t threshold);
 
 }  // namespace Vantrel

@@ -1,5 +1,6 @@
 #include "module/SequenceIndexHandler.h"
 
+#include "data/LocalizedText.h"
 #include "host/BE/Messages.h"
 #include "host/MZ/Messages.h"
 #include "host/MZ/Sequences.h"
@@ -15,16 +16,15 @@ namespace Vantrel {
 
 namespace {
 
-using qelcore::config::Localizer;
-
 constexpr UIF::WindowClassType kDockablePanel{1};
 constexpr std::string_view kWingMenuID = "Vantrel_Wing_Menu";
 constexpr bool kIsActivated = true;
 
-qelcore::UTF8String GetNoSequenceTitle() {
-  return Localizer::Get().Localize(
+const qelcore::UTF8String& GetNoSequenceTitle() {
+  static const auto title = Localize(
       "$$$/Corvel/Handlers/SequenceIndex/SequenceIndexTabViewTitleNoSeq="
       "Sequence Index: (no sequence)#{comment}QELMX-4248997");
+  return title;
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ SequenceIndexHandler::WindowClassRegistration::~WindowClassRegistration() {
 
 SequenceIndexHandler::SequenceIndexHandler(const qelcore::UTF8String& handlerID)
     : HSL::Handler(handlerID, HSL::kSequenceIndexHandlerID, 0) {
-  const qelcore::UTF8String title = Localizer::Get().Localize(
+  static const auto title = Localize(
       "$$$/Corvel/Handlers/SequenceIndex/SequenceIndexTitle=Sequence Index#{comment}QELMX-4248997");
   UIF::AddWindow(UIF::kSequenceIndexWindowTypeID, UIF::kDefaultWindowID, title,
                  UIF::kDefaultWindowContextID);
@@ -67,7 +67,7 @@ std::string_view SequenceIndexHandler::GetCommandContextName() const {
 
 std::shared_ptr<UIF::TabView> SequenceIndexHandler::CreateTabView(
     const std::shared_ptr<UIF::WorkspaceFrame>& frame) {
-  const qelcore::UTF8String noSequenceTitle = GetNoSequenceTitle();
+  const qelcore::UTF8String& noSequenceTitle = GetNoSequenceTitle();
   view = qelcore::memory::MakeShareable<SequenceIndexView>(SharedFrom(this));
   view->SubscribeToStations();
   view->Create(HSL::kSequenceIndexHandlerID, noSequenceTitle, frame, kIsActivated);
@@ -118,7 +118,7 @@ std::shared_ptr<HSL::Handler> CreateSequenceIndexHandler(const qelcore::UTF8Stri
 
 qelcore::UTF8String MakeTabViewTitle(const qelcore::Ref<BE::ISequence>& sequence) {
   if (!sequence) return GetNoSequenceTitle();
-  const qelcore::UTF8String title = Localizer::Get().Localize(
+  static const auto title = Localize(
       "$$$/Corvel/Handlers/SequenceIndex/SequenceIndexTabViewTitle=Sequence Index: @0"
       "#{comment}QELMX-4248997");
   return qelcore::config::ReplaceArguments(title, {sequence->GetName()});

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/qelcore/Localizer.h"
+#include "data/LocalizedText.h"
 
 namespace Vantrel {
 
@@ -81,7 +81,7 @@ constexpr std::array<ColumnDefinition, 26> kColumns{{
 ColumnLayoutEntry MakeEntry(const ColumnDefinition& column, std::int32_t position) {
   ColumnLayoutEntry entry;
   entry.id = column.id;
-  entry.name = qelcore::config::Localizer::Get().Localize(column.nameKey);
+  entry.name = Localize(column.nameKey);
   entry.defaultWidth = entry.width = column.width;
   entry.defaultShown = entry.shown = column.isShown;
   entry.defaultPosition = entry.position = position;

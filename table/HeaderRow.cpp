@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "host/qelcore/Localizer.h"
+#include "data/LocalizedText.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelui/Menu.h"
 #include "table/ColumnCatalogue.h"
@@ -13,17 +13,16 @@ namespace Vantrel {
 
 namespace {
 
-using qelcore::config::Localizer;
 using qelui::ui::IOSMenu;
 
 const qelcore::UTF8String& GetShowAllText() {
-  static const qelcore::UTF8String text = Localizer::Get().Localize(
-      "$$$/Corvel/Handlers/SeqenceIndex/SelectAll=Show All Columns#{comment}QELMX-4248997");
+  static const qelcore::UTF8String text =
+      Localize("$$$/Corvel/Handlers/SeqenceIndex/SelectAll=Show All Columns#{comment}QELMX-4248997");
   return text;
 }
 
 const qelcore::UTF8String& GetShowDefaultsText() {
-  static const qelcore::UTF8String text = Localizer::Get().Localize(
+  static const qelcore::UTF8String text = Localize(
       "$$$//Corvel/Handlers/SeqenceIndex/SelectDefaults=Show Default Columns#{comment}QELMX-4248997");
   return text;
 }

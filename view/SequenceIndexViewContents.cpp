@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "host/DLG/SequenceIndexDialogs.h"
 #include "host/MZ/Sequences.h"
 #include "host/UIF/Application.h"
@@ -64,6 +66,7 @@ void SequenceIndexView::CreateTree() {
 }
 
 void SequenceIndexView::FilterButtonChanged(const qelui::ui::Message& message) {
+  if (!tree) return;
   const auto& click = static_cast<const qelui::controls::UI_ButtonChangedMessage&>(message);
   if ((click.GetModKeys() & qelui::ui::kModifierControl) != 0) {
     options = MZ::SequenceIndex::Options();

@@ -10,7 +10,9 @@ class HOST_API ReadMutex {
  public:
   ReadMutex(const ReadMutex&) = delete;
   ReadMutex& operator=(const ReadMutex&) = delete;
+  /// Waits as long as something is being published.
   void Lock();
+  /// Undoes one Lock of the calling thread.
   void Unlock() noexcept;
 
  protected:

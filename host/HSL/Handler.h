@@ -32,8 +32,7 @@ class HOST_API Handler : public UIF::Commander,
   const qelcore::UTF8String& GetHandlerID() const noexcept { return handlerID; }
 
   /// Remembers the factory of a handler id, until the library that registered it is unloaded. The
-  /// factory may answer an empty pointer: no handler now. [main-thread]; runs while the library is
-  /// being loaded.
+  /// factory may answer an empty pointer: no handler now. Runs while the library is being loaded.
   static void RegisterFactory(std::string_view handlerID, Factory factory);
 
   /// The live handler of that id, or empty.

@@ -7,10 +7,13 @@
 
 namespace HSL {
 
-/// A loaded plug-in module. The library exports one entry that creates it:
+/// A loaded plug-in module. The library exports one entry, a Factory, that creates it:
 /// `HSL::Module* Vantrel::CreateModule(const qelcore::UTF8String& moduleID)`.
+/// All operations are [main-thread].
 class HOST_API Module {
  public:
+  /// Makes a module that the caller owns, from the ordinary allocator; null when there is none to be
+  /// had. [main-thread]
   using Factory = Module* (*)(const qelcore::UTF8String& moduleID);
 
   Module(const Module&) = delete;
@@ -20,7 +23,7 @@ class HOST_API Module {
   const qelcore::UTF8String& GetModuleID() const noexcept { return moduleID; }
 
   /// Remembers the factory of a module id, until the library that registered it is unloaded.
-  /// [main-thread]; runs while the library is being loaded.
+  /// Runs while the library is being loaded.
   static void RegisterFactory(std::string_view moduleID, Factory factory);
 
  protected:

@@ -43,6 +43,7 @@ class HOST_API Commander : public CommandHandler {
   /// Lets a menu-less application mode change a command's status. The base does nothing.
   virtual void UpdateCommandForDisableMenuAppStatus(CommandID id, bool& isEnabled);
 
+  /// The user begins, or ends, to work in this commander; an override calls the base.
   virtual void NowOnDuty();
   virtual void NowOffDuty();
   bool IsOnDuty() const noexcept { return isOnDuty; }

@@ -70,7 +70,8 @@ HOST_API void RemoveListener(const StationID& station, const std::weak_ptr<Liste
 /// Delivers `message` before it returns. [main-thread]
 HOST_API void BroadcastMessageOnMainThread(const StationID& station, const Message& message);
 
-/// Queues the delivery of `message` to the main thread; shares ownership until then. [any-thread]
+/// Queues the delivery of `message` (not null) to the main thread; shares ownership until then.
+/// [any-thread]
 HOST_API void AsyncBroadcastMessagePtr(const StationID& station,
                                        std::shared_ptr<const Message> message);
 

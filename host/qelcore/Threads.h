@@ -47,7 +47,7 @@ HOST_API std::shared_ptr<AsyncThreadedSubExecutor> CreateQueueBasedSubExecutor(
 HOST_API void CallFromMainThread(std::function<void()> function, unsigned delayMilliseconds,
                                  bool alsoInNestedLoops);
 
-/// [any-thread]
+/// True on the thread that drains the main queue. [any-thread]
 HOST_API bool CurrentThreadIsMainThread() noexcept;
 
 /// A mutex that its holder may take again; it is free when each Lock was undone by one Unlock.

@@ -31,7 +31,7 @@ class HOST_API UI_ControlView : public ui::UI_SubView {
  public:
   ~UI_ControlView() override;
 
-  /// Registers a callback for each committed change; callbacks run in the order registered.
+  /// Registers a callback (not null) for each committed change; callbacks run in the order registered.
   /// [main-thread]
   void NotifyWhenChanged(ui::SharedMessageFunction callback);
 

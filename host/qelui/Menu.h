@@ -29,9 +29,9 @@ class HOST_API IOSMenu {
   IOSMenu();
 };
 
-/// Shows `menu` at `position` (pixels, relative to `node`), runs a nested event loop, and returns the
-/// chosen command, or kMenuDismissed. Functions queued to the main thread run meanwhile, so callers
-/// hold what they still need. [main-thread]
+/// Shows `menu`, made by CreateOSMenu, at `position` (pixels, relative to `node`), runs a nested event
+/// loop, and returns the chosen command, or kMenuDismissed. Functions queued to the main thread run
+/// meanwhile, so callers hold what they still need. [main-thread]
 HOST_API std::uint32_t UI_DoContextMenu(const std::shared_ptr<IOSMenu>& menu, UI_Node& node,
                                         Point position);
 

@@ -34,8 +34,8 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
   std::size_t CountRows() const;
   /// The row at a position, or null. Constant time.
   Row* GetRow(std::size_t position) const;
-  /// The position of a row of this tree. Constant time. Throws: qel_exception for a row of another tree
-  /// and for one that was removed.
+  /// The position of a row of this tree. Constant time. Throws: qel_exception for null, for a row of
+  /// another tree, and for one that was removed.
   std::size_t GetRowIndex(const Row* row) const;
   /// The rows that the viewport shows, whole or in part, from the top.
   std::vector<Row*> GetVisibleRows() const;
@@ -53,7 +53,7 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
   void LayoutAfterAppendRow();
 
   /// Scrolls so that `row` is seen. With all three flags its top is at the viewport's top, as far as
-  /// the scroll range goes.
+  /// the scroll range goes. Throws: as GetRowIndex.
   /// @param isAligningToTop false: scroll only as far as needed
   /// @param isImmediate false: the move may be animated
   /// @param isRedrawing whether the view is drawn anew

@@ -20,7 +20,8 @@ std::string MakeReportLine(std::string_view place, std::size_t line, std::string
   }
   text.append(sentence);
   for (char& byte : text) {
-    if (byte == '\n' || byte == '\r') byte = ' ';
+    const auto code = static_cast<unsigned char>(byte);
+    if (code < 0x20 || code == 0x7F) byte = ' ';
   }
   return text;
 }

@@ -22,8 +22,8 @@ class CommandError {
   std::string sentence;
 };
 
-/// "sequence-index: FILE:LINE: sentence" as one line: the parts that are there, joined by colons; line
-/// breaks inside them become blanks.
+/// "sequence-index: FILE:LINE: sentence" as one line: the parts that are there, joined by colons. Line
+/// breaks and other control characters, which names in files may hold, become blanks.
 std::string MakeReportLine(std::string_view place, std::size_t line, std::string_view sentence);
 
 }  // namespace standalone

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <system_error>
 #include <utility>
@@ -22,13 +23,18 @@ namespace fs = std::filesystem;
 constexpr const char* kStream = "-";
 constexpr const char* kStandardInput = "/dev/stdin";
 
+/// Where the timeline is read from.
+std::string GetInputPath(const std::string& file) {
+  return file == kStream ? kStandardInput : file;
+}
+
 /// The document of the file; what its reader noticed goes to standard error, a line each.
 DocumentDraft ReadDocument(const std::string& file) {
   ProgressLine line("reading " + file);
   try {
     ImportProgress progress;
     progress.report = [&line](double fraction) { line.Show(fraction); };
-    ImportResult result = ReadTimelineFile(file == kStream ? kStandardInput : file, progress);
+    ImportResult result = ReadTimelineFile(GetInputPath(file), progress);
     line.Clear();
     for (const ImportNote& note : result.notes) {
       const std::string place = note.place.empty() ? "" : note.place + ": ";
@@ -44,6 +50,7 @@ DocumentDraft ReadDocument(const std::string& file) {
 /// would land elsewhere.
 fs::path ResolveOutput(const ExportArguments& arguments) {
   const std::string& output = arguments.output;
+  if (output.empty()) throw CommandError("The name of the output is empty; give a file to write.");
   if (output.find('\\') != std::string::npos) {
     throw CommandError(output, 0, "A name with \"\\\" can't be written; give another one.");
   }
@@ -52,7 +59,7 @@ fs::path ResolveOutput(const ExportArguments& arguments) {
   if (!path.has_filename() || fs::is_directory(path, ignored)) {
     throw CommandError(output, 0, "This is a folder; give a file to write.");
   }
-  if (arguments.file != kStream && fs::equivalent(path, arguments.file, ignored)) {
+  if (fs::equivalent(path, GetInputPath(arguments.file), ignored)) {
     throw CommandError(output, 0, "This is the timeline itself; give another file to write.");
   }
   return path;
@@ -67,9 +74,14 @@ void ExportTo(const fs::path& path, const ExportArguments& arguments, DocumentDr
 }
 
 void ExportToStandardOutput(const ExportArguments& arguments, DocumentDraft document) {
-  const PrivateFile file("index.csv");
-  ExportTo(file.GetPath(), arguments, std::move(document));
-  CopyToStandardOutput(file.GetPath());
+  std::ifstream written;
+  {
+    const PrivateFile file("index.csv");
+    ExportTo(file.GetPath(), arguments, std::move(document));
+    written.open(file.GetPath(), std::ios::binary);
+  }
+  // The file's name is gone before the first byte: who closes the pipe early ends this program.
+  CopyToStandardOutput(written);
 }
 
 }  // namespace

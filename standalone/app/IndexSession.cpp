@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/UIF/Commands.h"
+#include "host/qelcore/Exceptions.h"
 #include "host/qelui/Controls.h"
 #include "host/qelui/MultiColumnTree.h"
 #include "standalone/framework/Framework.h"
@@ -26,6 +27,19 @@ Runtime::Setup MakeSetup() {
   return setup;
 }
 
+/// Asks something of the panel. Failures of the host leave as they are; any other may be of a type
+/// whose code goes with the module, so only its sentence leaves.
+template <typename Function>
+bool CallPanel(const Function& function) {
+  try {
+    return function();
+  } catch (const qelcore::config::qel_exception&) {
+    throw;
+  } catch (const std::exception& failure) {
+    throw std::runtime_error(failure.what());
+  }
+}
+
 /// The panel's only control of a kind.
 template <typename Control>
 Control& FindControl(const UIF::TabView& panel) {
@@ -37,16 +51,11 @@ Control& FindControl(const UIF::TabView& panel) {
 
 }  // namespace
 
-IndexSession::IndexSession() : host(MakeSetup()), module(GetModuleLibraryPath()) {
+IndexSession::IndexSession() : host(MakeSetup()), module(GetModuleLibraryPath()), panelCloser(host) {
   SwitchFeature("SequenceIndex", true);
-  panel = host.OpenPanel();
-  if (panel == nullptr) throw std::runtime_error("The Sequence Index panel can't be opened.");
+  const bool isOpen = CallPanel([this] { return host.OpenPanel() != nullptr; });
+  if (!isOpen) throw std::runtime_error("The Sequence Index panel can't be opened.");
   Settle();
-}
-
-IndexSession::~IndexSession() {
-  panel.reset();
-  host.ClosePanel();
 }
 
 void IndexSession::Settle() {
@@ -57,7 +66,7 @@ void IndexSession::Settle() {
 
 void IndexSession::KeepGaps(bool isKeepingGaps) {
   answers.isKeepingGaps = isKeepingGaps;
-  FindControl<qelui::controls::UI_PictureButton>(*panel).Click(kNoModifierKeys);
+  FindControl<qelui::controls::UI_PictureButton>(GetPanel()).Click(kNoModifierKeys);
   Settle();
 }
 
@@ -65,9 +74,11 @@ void IndexSession::ChooseColumns(ColumnChoice choice) {
   if (choice == ColumnChoice::kAsShown) return;
   answers.menuCommand =
       choice == ColumnChoice::kAll ? kShowAllColumnsCommand : kShowDefaultColumnsCommand;
-  const auto headerRow = FindControl<qelui::controls::UI_MultiColumnTree>(*panel).GetHeaderRow();
-  headerRow->UI_DoMouseEvent(qelui::ui::MouseEvent(qelui::ui::PointerAction::kPress, {},
-                                                   qelui::ui::MouseButton::kContextMenu, 1));
+  const auto headerRow = FindControl<qelui::controls::UI_MultiColumnTree>(GetPanel()).GetHeaderRow();
+  CallPanel([&headerRow] {
+    return headerRow->UI_DoMouseEvent(qelui::ui::MouseEvent(qelui::ui::PointerAction::kPress, {},
+                                                            qelui::ui::MouseButton::kContextMenu, 1));
+  });
   Settle();
 }
 
@@ -82,7 +93,8 @@ void IndexSession::Export(const std::filesystem::path& file) {
   answers.exportChoice = ExportChoice{qelcore::UTF8String(file.parent_path().native()),
                                       qelcore::UTF8String(file.stem().native()),
                                       qelcore::UTF8String(file.extension().native()), false};
-  const bool isWritten = panel->ObeyCommand(UIF::Command(kExportCommandID));
+  const bool isWritten =
+      CallPanel([this] { return GetPanel().ObeyCommand(UIF::Command(kExportCommandID)); });
   Settle();
   if (!isWritten) throw std::runtime_error("The panel exported nothing.");
 }

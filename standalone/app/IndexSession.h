@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <memory>
 
 #include "standalone/app/Arguments.h"
 #include "standalone/app/ScriptedAnswers.h"
@@ -20,7 +19,7 @@ class IndexSession {
   /// Throws: std::runtime_error when the module can't be loaded or its panel can't be opened.
   IndexSession();
   /// Closes the panel and unloads the module.
-  ~IndexSession();
+  ~IndexSession() = default;
   IndexSession(const IndexSession&) = delete;
   IndexSession& operator=(const IndexSession&) = delete;
 
@@ -36,13 +35,26 @@ class IndexSession {
   StandaloneHost& GetHost() noexcept { return host; }
 
  private:
+  /// Lets go of the host's panel at its end, so that the panel goes before its module in every case.
+  class PanelCloser {
+   public:
+    explicit PanelCloser(StandaloneHost& host) noexcept : host(host) {}
+    ~PanelCloser() { host.ClosePanel(); }
+    PanelCloser(const PanelCloser&) = delete;
+    PanelCloser& operator=(const PanelCloser&) = delete;
+
+   private:
+    StandaloneHost& host;
+  };
+
+  UIF::TabView& GetPanel() const noexcept { return *host.GetPanel(); }
   /// Waits until nothing is left to do.
   void Settle();
 
   StandaloneHost host;
   ScriptedAnswers answers;
   LoadedModule module;
-  std::shared_ptr<UIF::TabView> panel;
+  const PanelCloser panelCloser;
 };
 
 }  // namespace standalone

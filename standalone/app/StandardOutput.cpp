@@ -6,7 +6,6 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <string>
 #include <system_error>
 
@@ -15,7 +14,10 @@
 namespace standalone {
 
 PrivateFile::PrivateFile(std::string_view name) {
-  std::string pattern = (std::filesystem::temp_directory_path() / "sequence-index-XXXXXX").native();
+  std::error_code failure;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
+  if (failure) throw CommandError("There is no temporary folder: " + failure.message());
+  std::string pattern = (folder / "sequence-index-XXXXXX").native();
   if (mkdtemp(pattern.data()) == nullptr) {
     throw CommandError(pattern, 0, "No temporary folder can be made: " + std::string(strerror(errno)));
   }
@@ -36,15 +38,13 @@ void WriteToStandardOutput(std::string_view text) {
   }
 }
 
-void CopyToStandardOutput(const std::filesystem::path& file) {
-  std::ifstream input(file, std::ios::binary);
+void CopyToStandardOutput(std::ifstream& file) {
   std::array<char, 65536> block;
-  while (input) {
-    input.read(block.data(), block.size());
-    WriteToStandardOutput({block.data(), static_cast<std::size_t>(input.gcount())});
+  while (file) {
+    file.read(block.data(), block.size());
+    WriteToStandardOutput({block.data(), static_cast<std::size_t>(file.gcount())});
   }
-  if (input.bad() || !input.eof())
-    throw CommandError(file.native(), 0, "The temporary file can't be read back.");
+  if (file.bad() || !file.eof()) throw CommandError("The temporary file can't be read back.");
 }
 
 }  // namespace standalone

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <string_view>
 
 namespace standalone {
@@ -20,8 +21,9 @@ class PrivateFile {
   std::filesystem::path path;
 };
 
-/// Copies a file's bytes to standard output. Throws: CommandError when they can't all be written.
-void CopyToStandardOutput(const std::filesystem::path& file);
+/// Copies the bytes of a file to standard output. Throws: CommandError when they can't all be read or
+/// written.
+void CopyToStandardOutput(std::ifstream& file);
 
 /// Writes words to standard output. Throws: CommandError when they can't all be written.
 void WriteToStandardOutput(std::string_view text);

@@ -16,7 +16,7 @@ Framework::State::State() {
 }
 
 void Framework::State::AddLiveHandler(const std::shared_ptr<HSL::Handler>& handler) {
-  std::erase_if(liveHandlers, [](const auto& known) { return known.expired(); });
+  PurgeLiveHandlers();
   liveHandlers.push_back(handler);
 }
 
@@ -98,7 +98,12 @@ void Framework::State::AddWindowMenu(WindowMenu menu) {
   }
 }
 
+void Framework::State::PurgeLiveHandlers() noexcept {
+  std::erase_if(liveHandlers, [](const auto& known) { return known.expired(); });
+}
+
 void Framework::State::Withdraw(LibraryID library) noexcept {
+  PurgeLiveHandlers();
   const auto isOfLibrary = [library](const auto& known) { return known.library == library; };
   std::erase_if(contexts, isOfLibrary);
   std::erase_if(windowClasses, isOfLibrary);

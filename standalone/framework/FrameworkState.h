@@ -39,7 +39,7 @@ class Framework::State {
   /// first and then brings what belongs to it.
   void AddWindowMenu(WindowMenu menu);
 
-  /// Forgets what a library registered and did not withdraw itself.
+  /// Forgets what a library registered and did not withdraw itself, and the handlers that are gone.
   void Withdraw(LibraryID library) noexcept;
 
   std::vector<WindowClass> windowClasses;
@@ -56,6 +56,8 @@ class Framework::State {
     std::shared_ptr<UIF::CommandContext> context;
     LibraryID library;
   };
+
+  void PurgeLiveHandlers() noexcept;
 
   std::vector<std::weak_ptr<HSL::Handler>> liveHandlers;
   std::vector<CreatedHandler> createdHandlers;

@@ -68,4 +68,10 @@ std::string ReadWholeFile(const std::filesystem::path& file) {
   return content;
 }
 
+std::string_view SkipByteOrderMark(std::string_view text) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  return text;
+}
+
 }  // namespace standalone

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace standalone {
 
@@ -10,5 +11,8 @@ namespace standalone {
 /// Throws ImportError when the file is missing, is a folder, can't be read, is empty or larger than
 /// 4 GB (node counts and text lengths are kept in 32 bits).
 std::string ReadWholeFile(const std::filesystem::path& file);
+
+/// The text behind a UTF-8 byte-order mark; the whole text when it has none.
+std::string_view SkipByteOrderMark(std::string_view text);
 
 }  // namespace standalone

@@ -1,5 +1,7 @@
 #include "standalone/import/JsonTree.h"
 
+#include <charconv>
+#include <optional>
 #include <utility>
 
 #include "standalone/import/JsonTreeBuilder.h"
@@ -7,11 +9,40 @@
 namespace standalone {
 namespace {
 
-/// UTF-8 of U+D800 to U+DFFF is ED A0..BF 80..BF: what an unpaired "\udc00" decodes to.
-void ReplaceSurrogates(std::string& text) {
-  for (std::size_t at = text.find('\xED'); at != std::string::npos; at = text.find('\xED', at + 1)) {
-    if (at + 2 < text.size() && static_cast<unsigned char>(text[at + 1]) >= 0xA0) {
-      text.replace(at, 3, "\xEF\xBF\xBD");
+/// "\uXXXX"
+constexpr std::size_t kEscapeLength = 6;
+
+/// The code of such an escape, where one begins.
+std::optional<unsigned> ReadEscape(std::string_view text) {
+  if (text.size() < kEscapeLength || !text.starts_with("\\u")) return std::nullopt;
+  unsigned code = 0;
+  const char* last = text.data() + kEscapeLength;
+  const auto [end, error] = std::from_chars(text.data() + 2, last, code, 16);
+  if (error != std::errc{} || end != last) return std::nullopt;
+  return code;
+}
+
+bool IsFirstHalf(std::optional<unsigned> code) {
+  return code && *code >= 0xD800 && *code < 0xDC00;
+}
+
+bool IsSecondHalf(std::optional<unsigned> code) {
+  return code && *code >= 0xDC00 && *code < 0xE000;
+}
+
+/// Exporters write halves of surrogate pairs for file names that are no UTF-8, or cut a pair in two. A
+/// half alone is no character: U+FFFD takes its place.
+void ReplaceLoneSurrogates(std::string& text) {
+  for (std::size_t at = text.find('\\'); at != std::string::npos; at = text.find('\\', at)) {
+    const std::string_view rest = std::string_view(text).substr(at);
+    const auto code = ReadEscape(rest);
+    if (!code) {
+      at += 2;
+    } else if (IsFirstHalf(code) && IsSecondHalf(ReadEscape(rest.substr(kEscapeLength)))) {
+      at += 2 * kEscapeLength;
+    } else {
+      if (IsFirstHalf(code) || IsSecondHalf(code)) text.replace(at, kEscapeLength, "\\ufffd");
+      at += kEscapeLength;
     }
   }
 }
@@ -20,6 +51,7 @@ void ReplaceSurrogates(std::string& text) {
 
 JsonTree::JsonTree(std::string text, const ImportProgress& progress, double lastFraction)
     : buffer(std::move(text)) {
+  ReplaceLoneSurrogates(buffer);
   JsonTreeBuilder(*this, progress, lastFraction).Parse();
 }
 
@@ -40,12 +72,6 @@ JsonValue JsonValue::operator[](JsonKey key) const {
 std::string_view JsonValue::GetText() const {
   if (GetType() != Type::kString) return {};
   return {tree->nodes[index].text, tree->nodes[index].length};
-}
-
-std::string JsonValue::GetString() const {
-  std::string text(GetText());
-  ReplaceSurrogates(text);
-  return text;
 }
 
 std::string_view JsonValue::GetNumber() const {

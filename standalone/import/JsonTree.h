@@ -31,10 +31,9 @@ class STANDALONE_API JsonValue {
 
   /// The member of an object; the first one where a name is repeated.
   JsonValue operator[](JsonKey key) const;
-  /// The text of a string; empty for all else.
+  /// The text of a string, valid UTF-8; empty for all else.
   std::string_view GetText() const;
-  /// A copy of the text that is valid UTF-8: an escaped half of a surrogate pair becomes U+FFFD.
-  std::string GetString() const;
+  std::string GetString() const { return std::string(GetText()); }
   /// The digits of a number as the file writes them, also "NaN" or "-Inf"; empty for all else.
   std::string_view GetNumber() const;
   std::optional<bool> GetBool() const;
@@ -72,7 +71,8 @@ class STANDALONE_API JsonValue {
 
 /// A JSON document cut down to the members that readers look at: one flat list of nodes in the order of
 /// the file, each with the index behind its last descendant. Texts are decoded in place and stay in the
-/// buffer, which the tree owns. NaN and infinities are numbers; numbers keep their digits.
+/// buffer, which the tree owns; an escaped half of a surrogate pair becomes U+FFFD. NaN and infinities
+/// are numbers; numbers keep their digits.
 /// Parsing takes linear time and no stack, however deep the nesting.
 class STANDALONE_API JsonTree {
  public:

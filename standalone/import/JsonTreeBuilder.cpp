@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "standalone/import/FileBuffer.h"
+
 namespace standalone {
 
 struct JsonTreeBuilder::Stream {
@@ -48,23 +50,25 @@ constexpr unsigned kParseFlags =
 /// One megabyte: often enough for a progress bar, rare enough to cost nothing.
 constexpr std::size_t kReportStep = std::size_t{1} << 20;
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 }  // namespace
 
 JsonTreeBuilder::JsonTreeBuilder(JsonTree& tree, const ImportProgress& progress, double lastFraction)
     : tree(tree), progress(progress), lastFraction(lastFraction) {}
 
 void JsonTreeBuilder::Parse() {
-  char* text = tree.buffer.data();
-  if (std::string_view(tree.buffer).starts_with(kByteOrderMark)) text += kByteOrderMark.size();
+  const std::size_t markLength = tree.buffer.size() - SkipByteOrderMark(tree.buffer).size();
+  char* text = tree.buffer.data() + markLength;
   Stream source(text);
   stream = &source;
   rapidjson::Reader reader;
   const rapidjson::ParseResult result = reader.Parse<kParseFlags>(source, *this);
   if (isCancelled) throw ImportError(0, "Reading was cancelled.");
-  const auto offset = static_cast<std::size_t>(text - tree.buffer.data()) + result.Offset();
-  if (result.IsError()) ThrowParseError(result.Code(), offset);
+  if (result.IsError()) ThrowParseError(result.Code(), markLength + result.Offset());
+  // The parser takes a zero byte for the end. Some systems pad files with them; text behind is damage.
+  constexpr std::string_view kPadding("\0 \t\r\n", 5);
+  const std::size_t end = markLength + source.Tell();
+  if (tree.buffer.find_first_not_of(kPadding, end) == std::string::npos) return;
+  ThrowParseError(rapidjson::kParseErrorDocumentRootNotSingular, end);
 }
 
 void JsonTreeBuilder::ThrowParseError(int code, std::size_t offset) const {

@@ -122,8 +122,9 @@ std::string DecodePercent(std::string_view text) {
     }
     const int high = i + 1 < text.size() ? HexDigit(text[i + 1]) : -1;
     const int low = i + 2 < text.size() ? HexDigit(text[i + 2]) : -1;
-    if (high < 0 || low < 0 || high + low == 0) return std::string(text);
-    decoded += static_cast<char>(high * 16 + low);
+    const int code = high * 16 + low;
+    if (high < 0 || low < 0 || code < ' ') return std::string(text);
+    decoded += static_cast<char>(code);
     i += 2;
   }
   return IsValidUTF8(decoded) ? decoded : std::string(text);

@@ -26,7 +26,7 @@ STANDALONE_API MediaAddress ReadMediaAddress(std::string_view written,
                                              const std::filesystem::path& folder);
 
 /// Decodes %XX. Returns the text unchanged if any "%" is not followed by two hex digits, or if the
-/// result would hold a zero byte or be no UTF-8.
+/// result would hold a control character ("%04d" stands for a picture's number) or be no UTF-8.
 STANDALONE_API std::string DecodePercent(std::string_view text);
 
 /// The last part of an address. Parts end at "/", and at "\" too when the address starts with a drive

@@ -27,9 +27,8 @@ struct ClipMetadata {
 std::optional<std::uint8_t> ReadChannel(JsonValue value) {
   const auto number = ParseDecimal(value.GetNumber());
   if (!number) return std::nullopt;
-  constexpr std::int64_t kOne = 1'000'000'000'000'000'000;
-  const Wide units = std::clamp(number->units, Wide{0}, Wide{kOne});
-  return static_cast<std::uint8_t>((units * 255 + kOne / 2) / kOne);
+  const Wide units = std::clamp(number->units, Wide{0}, Wide{kUnitsPerOne});
+  return static_cast<std::uint8_t>((units * 255 + kUnitsPerOne / 2) / kUnitsPerOne);
 }
 
 std::optional<ZSL::Color> ReadColor(JsonValue color) {

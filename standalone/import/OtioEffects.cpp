@@ -1,6 +1,6 @@
 #include "standalone/import/OtioEffects.h"
 
-#include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "host/ML/TextFilter.h"
@@ -10,17 +10,22 @@
 namespace standalone {
 namespace {
 
-void AddFont(std::vector<std::string>& fonts, std::string font) {
-  if (font.empty() || std::find(fonts.begin(), fonts.end(), font) != fonts.end()) return;
-  fonts.push_back(std::move(font));
+void AddFonts(JsonValue names, std::vector<std::string>& fonts) {
+  for (std::string& font : ReadTexts(names)) fonts.push_back(std::move(font));
 }
 
 /// The members of an object that name a font.
 void AddFontMembers(JsonValue object, std::vector<std::string>& fonts) {
   for (const JsonValue member : object) {
-    if (member.GetKey() != JsonKey::kFont) continue;
-    for (std::string& font : ReadTexts(member)) AddFont(fonts, std::move(font));
+    if (member.GetKey() == JsonKey::kFont) AddFonts(member, fonts);
   }
+}
+
+/// Keeps the first of each name.
+void RemoveRepeats(std::vector<std::string>& fonts) {
+  if (fonts.size() < 2) return;
+  std::unordered_set<std::string> known;
+  std::erase_if(fonts, [&](const std::string& font) { return !known.insert(font).second; });
 }
 
 bool ChangesSpeed(JsonValue effect, OtioKind kind) {
@@ -28,7 +33,7 @@ bool ChangesSpeed(JsonValue effect, OtioKind kind) {
   if (kind == OtioKind::kFreezeFrame) return true;
   const JsonValue scalar = effect[JsonKey::kTimeScalar];
   if (!scalar.HasValue()) return kind == OtioKind::kTimeEffect;
-  constexpr Decimal kNormalSpeed{1'000'000'000'000'000'000};
+  constexpr Decimal kNormalSpeed{kUnitsPerOne};
   return ParseDecimal(scalar.GetNumber()) != kNormalSpeed;
 }
 
@@ -50,6 +55,7 @@ ComponentDraft ReadEffect(JsonValue effect, std::string_view schemaName) {
   component.isIntrinsic = IsIntrinsic(effect);
   component.isMissing = index[JsonKey::kMissing].GetBool().value_or(false);
   AddFontMembers(metadata, component.fonts);
+  RemoveRepeats(component.fonts);
   component.matchName = component.fonts.empty() ? effect[JsonKey::kEffectName].GetString()
                                                 : std::string(ML::kMatchnameText);
   return component;
@@ -99,10 +105,11 @@ void ReadGraphics(JsonValue item, const OtioReference& reference, ClipDraft& cli
   const JsonValue mediaIndex = GetIndexMetadata(reference.object);
   ComponentDraft text;
   for (const JsonValue listed : {clipIndex[JsonKey::kFonts], mediaIndex[JsonKey::kFonts]}) {
-    for (std::string& font : ReadTexts(listed)) AddFont(text.fonts, std::move(font));
+    AddFonts(listed, text.fonts);
   }
   const bool hasListedFonts = !text.fonts.empty();
   AddFontMembers(reference.object[JsonKey::kParameters], text.fonts);
+  RemoveRepeats(text.fonts);
   const auto flag = mediaIndex[JsonKey::kGraphic].GetBool();
   clip.isGraphic = flag ? *flag : hasListedFonts || IsTextGenerator(item, reference);
   if (text.fonts.empty()) return;

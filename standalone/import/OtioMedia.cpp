@@ -30,7 +30,6 @@ OtioReference Classify(JsonValue object, OtioImport& import, const OtioPlace& pl
 
 std::optional<std::int64_t> ReadInteger(JsonValue value) {
   const auto number = ParseDecimal(value.GetNumber());
-  constexpr std::int64_t kUnitsPerOne = 1'000'000'000'000'000'000;
   if (!number) return std::nullopt;
   return static_cast<std::int64_t>(number->units / kUnitsPerOne);
 }
@@ -63,7 +62,7 @@ bool LooksLikeStill(const OtioReference& reference, std::string_view address) {
   if (reference.kind != OtioKind::kExternalReference) return false;
   if (!HasStillImageExtension(GetFileName(address))) return false;
   const OtioRange range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]);
-  constexpr Decimal kOneFrame{1'000'000'000'000'000'000};
+  constexpr Decimal kOneFrame{kUnitsPerOne};
   return !range.isPresent || (range.duration.time && range.duration.time->value == kOneFrame);
 }
 
@@ -178,7 +177,7 @@ std::string ReadFrameSize(JsonValue reference) {
   const auto height = ReadInteger(index[JsonKey::kHeight]);
   if (!width || !height || *width <= 0 || *height <= 0) return {};
   std::string aspect(index[JsonKey::kPixelAspect].GetNumber());
-  if (aspect.empty()) aspect = "1";
+  if (!ParseDecimal(aspect)) aspect = "1";
   if (aspect.find('.') == std::string::npos) aspect += ".0";
   return std::to_string(*width) + " x " + std::to_string(*height) + " (" + aspect + ")";
 }

@@ -1,6 +1,8 @@
 #include "standalone/import/OtioRates.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <numeric>
 
@@ -8,8 +10,6 @@
 
 namespace standalone {
 namespace {
-
-constexpr std::int64_t kUnitsPerOne = 1'000'000'000'000'000'000;
 
 /// A rate in metadata: a number or a text such as "30000/1001".
 std::optional<Rate> ReadNamedRate(JsonValue value) {
@@ -53,24 +53,65 @@ class CommonStep {
   std::int64_t divisor = 0;
 };
 
-/// Of video, the first picture rate that an item or its media is counted in.
-std::optional<Rate> FindItemRate(const std::vector<OtioTrackSource>& tracks, TrackKind kind) {
-  CommonStep step;
-  for (const OtioTrackSource& track : tracks) {
-    if (track.kind != kind) continue;
-    for (const JsonValue item : track.items) {
-      const OtioRange range = ReadTrimmedRange(item);
-      const auto rate = range.GetRate();
-      if (rate && rate->IsPictureRate()) return rate;
-      if (!rate || kind != TrackKind::kVideo) continue;
-      const JsonValue media = FindActiveMedia(item);
-      const auto mediaRate = ReadMediaRate({media, GetOtioSchema(media).kind}, TrackKind::kVideo);
-      if (mediaRate) return mediaRate;
-      if (range.duration.time) step.Add(*range.duration.time);
+/// Looks for the first picture rate that items of a kind of track are counted in.
+class ItemRateSearch {
+ public:
+  explicit ItemRateSearch(TrackKind kind) : kind(kind) {}
+
+  std::optional<Rate> FindIn(const std::vector<OtioTrackSource>& tracks) {
+    for (const OtioTrackSource& track : tracks) {
+      if (track.kind != kind) continue;
+      for (const JsonValue item : track.items) {
+        if (const auto rate = FindIn(item)) return rate;
+      }
     }
+    return step.FindFrameRate();
   }
-  return step.FindFrameRate();
-}
+
+ private:
+  /// A nested item without a range is as long as its content, which is searched in its place: without
+  /// a call for each level, since it may be nested in any depth.
+  std::optional<Rate> FindIn(JsonValue item) {
+    waiting.assign(1, item);
+    while (!waiting.empty()) {
+      const JsonValue next = waiting.back();
+      waiting.pop_back();
+      if (const auto rate = FindOf(next)) return rate;
+      if (!next[JsonKey::kSourceRange].HasValue()) WaitForContent(next);
+    }
+    return std::nullopt;
+  }
+
+  void WaitForContent(JsonValue item) {
+    const auto first = static_cast<std::ptrdiff_t>(waiting.size());
+    for (const JsonValue child : item[JsonKey::kChildren]) {
+      if (nestedLeft == 0) break;
+      --nestedLeft;
+      const bool isSound = child[JsonKey::kKind].GetText() == "Audio";
+      if (!isSound || kind == TrackKind::kAudio) waiting.push_back(child);
+    }
+    std::reverse(waiting.begin() + first, waiting.end());
+  }
+
+  /// Of video, the rate of the item or of its media.
+  std::optional<Rate> FindOf(JsonValue item) {
+    const OtioRange range = ReadTrimmedRange(item);
+    const auto rate = range.GetRate();
+    if (rate && rate->IsPictureRate()) return rate;
+    if (!rate || kind != TrackKind::kVideo) return std::nullopt;
+    const JsonValue media = FindActiveMedia(item);
+    const auto mediaRate = ReadMediaRate({media, GetOtioSchema(media).kind}, TrackKind::kVideo);
+    if (!mediaRate && range.duration.time) step.Add(*range.duration.time);
+    return mediaRate;
+  }
+
+  TrackKind kind;
+  CommonStep step;
+  std::vector<JsonValue> waiting;
+  /// Every nested sequence searches its own content again. Real ones tell their rate with one of their
+  /// first items; the bound keeps a broken file from taking the square of its size.
+  std::size_t nestedLeft = 10'000;
+};
 
 std::optional<Rate> FindSampleRate(const std::vector<OtioTrackSource>& tracks) {
   for (const OtioTrackSource& track : tracks) {
@@ -89,8 +130,8 @@ Rate FindVideoRate(JsonValue timeline, const std::vector<OtioTrackSource>& track
   if (named && named->IsPictureRate()) return *named;
   const auto start = ReadOtioTime(timeline[JsonKey::kGlobalStartTime]).rate;
   if (start && start->IsPictureRate()) return *start;
-  if (const auto video = FindItemRate(tracks, TrackKind::kVideo)) return *video;
-  if (const auto audio = FindItemRate(tracks, TrackKind::kAudio)) return *audio;
+  if (const auto video = ItemRateSearch(TrackKind::kVideo).FindIn(tracks)) return *video;
+  if (const auto audio = ItemRateSearch(TrackKind::kAudio).FindIn(tracks)) return *audio;
   return parent.value_or(Rate{24, 1});
 }
 

@@ -18,7 +18,7 @@ struct OtioSequenceRate {
 /// The rates of a sequence. Picture: our metadata, the start time's rate, the first video item's, the
 /// first audio item's, the parent's, 24. Sound: our metadata, the first sound item's sample rate,
 /// 48000. A rate above 240 is no picture rate; where video is counted in such a base alone, the frame
-/// is the common step of the durations.
+/// is the common step of the durations. A nested item without a range counts by what it holds.
 OtioSequenceRate FindOtioRates(JsonValue timeline, const std::vector<OtioTrackSource>& tracks,
                                std::optional<Rate> parent);
 

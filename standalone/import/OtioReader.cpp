@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "standalone/import/FileBuffer.h"
 #include "standalone/import/OtioImport.h"
 #include "standalone/import/OtioSequences.h"
 
@@ -11,8 +12,6 @@ namespace {
 
 /// Parsing takes about as long as building.
 constexpr double kParsedFraction = 0.5;
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// What a file has at its top, collections taken apart.
 struct TopObjects {
@@ -98,9 +97,12 @@ std::string_view OtioReader::GetFormatName() const {
 }
 
 bool OtioReader::Recognises(std::string_view beginning, const std::filesystem::path&) const {
-  if (beginning.starts_with(kByteOrderMark)) beginning.remove_prefix(kByteOrderMark.size());
+  beginning = SkipByteOrderMark(beginning);
   const std::size_t first = beginning.find_first_not_of(" \t\r\n");
-  return first != std::string_view::npos && (beginning[first] == '{' || beginning[first] == '[');
+  if (first == std::string_view::npos) return false;
+  // In UTF-16 a zero byte stands behind the bracket.
+  const bool isWide = first + 1 < beginning.size() && beginning[first + 1] == '\0';
+  return !isWide && (beginning[first] == '{' || beginning[first] == '[');
 }
 
 ImportResult OtioReader::Read(std::string buffer, const std::filesystem::path& file,

@@ -57,9 +57,4 @@ OtioSchema GetOtioSchema(JsonValue object) {
   return schema;
 }
 
-bool IsOtioTopKind(OtioKind kind) {
-  return kind == OtioKind::kTimeline || kind == OtioKind::kCollection || kind == OtioKind::kStack ||
-         kind == OtioKind::kTrack || kind == OtioKind::kClip;
-}
-
 }  // namespace standalone

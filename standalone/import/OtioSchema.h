@@ -37,8 +37,4 @@ struct OtioSchema {
 
 OtioSchema GetOtioSchema(JsonValue object);
 
-/// Whether an object takes part in a timeline as a whole: it is a timeline, collection, stack, track or
-/// clip.
-bool IsOtioTopKind(OtioKind kind);
-
 }  // namespace standalone

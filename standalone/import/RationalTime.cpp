@@ -10,7 +10,6 @@ namespace standalone {
 namespace {
 
 constexpr std::int64_t kTicksPerSecond = qelmediatypes::TickTime::kTicksPerSecond;
-constexpr std::int64_t kUnitsPerOne = 1'000'000'000'000'000'000;
 constexpr int kUnitDigits = 18;
 constexpr Wide kLargestUnits = Wide{kUnitsPerOne} * 1'000'000'000'000'000;
 
@@ -40,8 +39,10 @@ std::optional<std::int64_t> ParseExponent(std::string_view text) {
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
   int exponent = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), exponent);
-  if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-  return exponent;
+  if (end != text.data() + text.size() || error == std::errc::invalid_argument) return std::nullopt;
+  if (error == std::errc{}) return exponent;
+  constexpr std::int64_t kBeyondAnyNumber = std::numeric_limits<int>::max();
+  return text.front() == '-' ? -kBeyondAnyNumber : kBeyondAnyNumber;
 }
 
 std::optional<Digits> SplitDigits(std::string_view text) {

@@ -15,6 +15,8 @@ namespace standalone {
 
 __extension__ typedef __int128 Wide;
 
+inline constexpr std::int64_t kUnitsPerOne = 1'000'000'000'000'000'000;
+
 /// A number as a file writes it, exact to 18 decimals: `units` of 10^-18. Numbers beyond 10^15 are kept
 /// as 10^15, far outside any timeline.
 struct Decimal {

@@ -20,6 +20,9 @@ constexpr std::array kForeignFormats = {
     ForeignFormat{"PK\x03\x04", "This is a zip archive; take the .otio file out of it and give that."},
     ForeignFormat{"\xFF\xFE", "The text is UTF-16; save the file as UTF-8."},
     ForeignFormat{"\xFE\xFF", "The text is UTF-16; save the file as UTF-8."},
+    // The same without a byte-order mark.
+    ForeignFormat{{"{\0", 2}, "The text is UTF-16; save the file as UTF-8."},
+    ForeignFormat{{"\0{", 2}, "The text is UTF-16; save the file as UTF-8."},
     ForeignFormat{"<", "XML timelines can't be read yet; export OpenTimelineIO (.otio)."},
     ForeignFormat{"TITLE:", "Edit decision lists can't be read yet; export OpenTimelineIO (.otio)."},
 };
@@ -28,8 +31,7 @@ constexpr const char* kUnknownFormat =
     "This is no timeline in a known format; give an OpenTimelineIO file (.otio).";
 
 std::string_view SkipBlanks(std::string_view text) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  text = SkipByteOrderMark(text);
   text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
   return text;
 }

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "standalone/model/ModelWriteLock.h"
-#include "standalone/runtime/Runtime.h"
 
 namespace standalone {
 
@@ -15,8 +14,7 @@ SequenceNode::StationFace<Interface>::StationFace(SequenceNode& owner)
 
 template <typename Interface>
 SequenceNode::StationFace<Interface>::~StationFace() {
-  // A row may outlive the host; its stations went with it.
-  if (Runtime::Exists()) qelcore::messaging::DisposeStation(station);
+  qelcore::messaging::DisposeStation(station);
 }
 
 SequenceNode::SequenceNode(qelcore::Ref<SequenceContent> content)

@@ -96,20 +96,23 @@ void ReplacedFile::Commit() {
 
 void ReplacedFile::Open(bool failIfExists) {
   if (path.empty()) Fail(ENOENT);
-  target = FollowLinks(path);
+  if (path.find('\0') != std::string::npos)
+    Fail(EINVAL);  // The system would take what stands before it.
   struct stat old {};
-  const bool exists = stat(target.c_str(), &old) == 0;
+  const bool exists = stat(path.c_str(), &old) == 0;
   if (!exists && errno != ENOENT) Fail(errno);
   if (exists && failIfExists) Fail(EEXIST);
   if (exists && S_ISDIR(old.st_mode)) Fail(EISDIR);
   if (exists && !S_ISREG(old.st_mode)) return OpenDirectly();
+  target = FollowLinks(path);
   // Replacing needs no right to write the old file; whoever protected it meant it.
   if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) Fail(errno);
   OpenTemporary(exists ? &old : nullptr);
 }
 
 void ReplacedFile::OpenDirectly() {
-  descriptor = open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+  // By the path itself: where the link of an open descriptor ("/dev/fd/63") leads has no name.
+  descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
   if (descriptor < 0) Fail(errno);
 }
 

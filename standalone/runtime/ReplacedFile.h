@@ -45,7 +45,7 @@ class ReplacedFile {
   [[noreturn]] void Fail(int error) const;
 
   const std::string path;  ///< As given, for failures.
-  std::string target;      ///< Where links lead.
+  std::string target;      ///< Where links lead; empty: the path is written directly.
   std::string temporary;   ///< Empty: the target is written directly, or the temporary file is gone.
   int descriptor = -1;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "host/qelcore/Threads.h"
 #include "standalone/runtime/Runtime.h"
@@ -44,8 +45,9 @@ void UI_Node::DeleteSelf() noexcept {
     return;
   }
   // The queued function owns the control, so that it goes even if the queue is dropped without running.
-  const std::shared_ptr<UI_Node> last(this, [](UI_Node* node) { node->CountedObject::DeleteSelf(); });
-  qelcore::threads::CallFromMainThread([last] {}, kNoDelay, kAlsoInNestedLoops);
+  // It is the only owner: the main thread may be done with it before this call returns.
+  std::shared_ptr<UI_Node> last(this, [](UI_Node* node) { node->CountedObject::DeleteSelf(); });
+  qelcore::threads::CallFromMainThread([last = std::move(last)] {}, kNoDelay, kAlsoInNestedLoops);
 }
 
 UI_SubView::UI_SubView() = default;

@@ -18,6 +18,11 @@ struct ChunkHeader {
 
 constexpr std::size_t kRowsInChunk = kChunkSize - sizeof(ChunkHeader);
 
+[[noreturn]] void ThrowForeignRow() {
+  throw qelcore::config::qel_exception(qelcore::config::ExceptionKind::kGeneric,
+                                       "The row does not belong to this tree", {});
+}
+
 }  // namespace
 
 struct alignas(kChunkSize) RowStore::Chunk {
@@ -43,13 +48,11 @@ RowStore::Row* RowStore::At(std::size_t position) const noexcept {
 }
 
 std::size_t RowStore::IndexOf(const Row* row) const {
+  if (row == nullptr) ThrowForeignRow();
   const auto address = reinterpret_cast<std::uintptr_t>(row);
   const auto* const chunk = reinterpret_cast<const Chunk*>(address & ~(kChunkSize - 1));
   const std::size_t position = chunk->header.base + static_cast<std::size_t>(row - chunk->rows);
-  if (chunk->header.owner != this || position >= count) {
-    throw qelcore::config::qel_exception(qelcore::config::ExceptionKind::kGeneric,
-                                         "The row does not belong to this tree", {});
-  }
+  if (chunk->header.owner != this || position >= count) ThrowForeignRow();
   return position;
 }
 

@@ -34,7 +34,8 @@ class STANDALONE_API RowStore {
 
   /// The row at a position, or null.
   Row* At(std::size_t position) const noexcept;
-  /// The position of a row. Throws: qel_exception when it is a row of another store, or was cleared.
+  /// The position of a row. Throws: qel_exception when it is null or a row of another store, or was
+  /// cleared.
   std::size_t IndexOf(const Row* row) const;
 
  private:

@@ -4,7 +4,9 @@
 
 #include <limits>
 
+#include "data/MediaFileTexts.h"
 #include "data/MediaTypes.h"
+#include "data/OfflineStatus.h"
 #include "data/TimeText.h"
 #include "host/BE/Utilities.h"
 #include "host/MZ/Clips.h"
@@ -13,6 +15,7 @@
 #include "support/CollectedRows.h"
 #include "support/Drafts.h"
 #include "support/Fakes.h"
+#include "support/HostCalls.h"
 
 namespace Vantrel {
 namespace {
@@ -130,6 +133,11 @@ TEST_F(CellTexts, ABackslashSplitsOnlyAddressesThatBeginWithADriveLetter) {
   EXPECT_EQ(Text(kColumnFileName), "a\\b.mov");
 }
 
+TEST_F(CellTexts, BytesOfAPathThatAreNoTextAreShownReplaced) {
+  clip.media.address = "/media/\xFF.mov";
+  EXPECT_EQ(Text(kColumnFilePath), "/media/\xEF\xBF\xBD.mov");
+}
+
 TEST_F(CellTexts, MediaWithoutFileHasNeitherNameNorPath) {
   clip.media = standalone::MediaDraft();
   clip.media.isSynthetic = true;
@@ -146,11 +154,13 @@ TEST_F(CellTexts, AClipWithoutMasterClipHasNoneOfItsTextsAndRaisesNothing) {
   item->clip = qelcore::Ref<BE::IClip>(fakeClip);
   row.trackItem = item;
   ASSERT_FALSE(BE::TrackItemUtils::GetMasterClip(row.trackItem));
-  for (const ColumnID column :
-       {kColumnComment, kColumnDescription, kColumnFileName, kColumnFilePath, kColumnOfflineStatus,
-        kColumnMulticamCamera, kColumnTapeName, kColumnUsageCountInSequence, kColumnVideoInfo}) {
-    EXPECT_EQ(CellText(row, column), "") << column;
-  }
+  for (const ColumnID column : kClipColumns) EXPECT_EQ(CellText(row, column), "") << column;
+}
+
+TEST_F(CellTexts, AMasterClipWithoutMediaHasNoFileAndNoOfflineStatus) {
+  EXPECT_EQ(FileNameText({}), "");
+  EXPECT_EQ(FilePathText({}), "");
+  EXPECT_EQ(OfflineStatusText({}), "");
 }
 
 TEST_F(CellTexts, ATitleWithoutNotesAndFileHasEmptyTexts) {
@@ -174,12 +184,19 @@ TEST_F(CellTexts, TheFrameRateOfPictureIsWrittenInFramesOfSoundInSamples) {
   auto row = Row();
   EXPECT_EQ(CellText(row, kColumnFrameRate),
             MZ::SettingsDescriptions::CreateVideoFrameRateString(drafts::Frame(1), 0));
-  EXPECT_NE(CellText(row, kColumnFrameRate), "");
+  EXPECT_EQ(CellText(row, kColumnFrameRate), "25.00 fps");
   row.frameRate = TickTime(TickTime::kTicksPerSecond / 48000);
   for (const auto& mediaType : {BE::kMediaType_Audio, qelcore::utility::MakeGuid(1, 2)}) {
     row.mediaType = mediaType;
     EXPECT_EQ(CellText(row, kColumnFrameRate), "48000 Hz");
   }
+}
+
+TEST_F(CellTexts, TheFrameRateOfPictureIsAskedForInTheFirstStyle) {
+  const auto row = Row();
+  const hostcalls::Recording recording;
+  CellText(row, kColumnFrameRate);
+  EXPECT_THAT(recording.GetCalls(), ElementsAre("CreateVideoFrameRateString(0)"));
 }
 
 TEST_F(CellTexts, AnUnknownFrameRateHasNoText) {
@@ -213,6 +230,15 @@ TEST_F(CellTexts, TimesAreWrittenAsTimecode) {
   EXPECT_EQ(CellText(row, kColumnStartTime), "00:00:01:00");
   EXPECT_EQ(CellText(row, kColumnEndTime), "00:00:03:00");
   EXPECT_EQ(CellText(row, kColumnDuration), "00:00:02:00");
+}
+
+TEST_F(CellTexts, TimesAreWrittenInTheFormatForDisplay) {
+  const auto row = Row();
+  for (const ColumnID column : {kColumnStartTime, kColumnEndTime, kColumnDuration}) {
+    const hostcalls::Recording recording;
+    CellText(row, column);
+    EXPECT_THAT(recording.GetCalls(), ElementsAre("GetVideoTimeDisplayFormat(1)")) << column;
+  }
 }
 
 TEST_F(CellTexts, PositionsCountFromTheZeroPointDurationsDoNot) {
@@ -339,6 +365,11 @@ TEST_F(CellTexts, OfflineMediaSaysWhy) {
   clip.media.isGrowing = true;
   clip.media.isPendingRelink = true;
   EXPECT_EQ(Text(kColumnOfflineStatus), "The card was erased");
+}
+
+TEST_F(CellTexts, OfflineMediaWithoutReasonIsDescribedByTheHost) {
+  clip.media.isOffline = true;
+  EXPECT_EQ(Text(kColumnOfflineStatus), "Media file not found");
 }
 
 TEST_F(CellTexts, TheStatesOfOnlineMediaAreTestedInTheirOrder) {

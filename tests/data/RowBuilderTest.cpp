@@ -9,6 +9,7 @@
 #include "support/CollectedRows.h"
 #include "support/Drafts.h"
 #include "support/Fakes.h"
+#include "support/HostCalls.h"
 
 namespace Vantrel {
 namespace {
@@ -272,6 +273,14 @@ TEST_F(RowBuilding, WhatIsOptionalMayBeMissing) {
 
 // ---- Clips: the name
 
+TEST_F(RowBuilding, InAProjectTheNameIsTheOneShownOnTheTimeline) {
+  clip.name = "A";
+  const auto sequence = Publish();
+  const hostcalls::Recording recording;
+  EXPECT_EQ(rows::Collect(sequence).at(0).name, "A");
+  EXPECT_EQ(recording.Count("GetClipName"), 1U);
+}
+
 TEST_F(RowBuilding, InAProjectTheNameStandsOnOneLine) {
   clip.name = "First\r\nSecond\n\nThird";
   EXPECT_EQ(Row().name, "First Second Third");
@@ -290,7 +299,9 @@ TEST_F(RowBuilding, WithoutProjectTheNameIsTheClipsOwnUntouched) {
   clip.name = "First\nSecond" + std::string(2048, 'x');
   const auto item = Fake();
   sequence = qelcore::Ref<BE::ISequence>(new fakes::Sequence(drafts::Frame(1)));
+  const hostcalls::Recording recording;
   EXPECT_EQ(Build(item).at(0).name, clip.name);
+  EXPECT_EQ(recording.Count("GetClipName"), 0U);
 }
 
 // ---- Clips: the codec

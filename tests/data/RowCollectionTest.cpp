@@ -3,12 +3,17 @@
 #include <gmock/gmock.h>
 
 #include <new>
+#include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 
+#include "standalone/model/VisitableSequence.h"
 #include "support/AllocationFault.h"
 #include "support/CollectedRows.h"
 #include "support/Drafts.h"
+#include "support/Fakes.h"
+#include "support/HostCalls.h"
 
 namespace Vantrel {
 namespace {
@@ -79,7 +84,9 @@ TEST(RowCollection, ATrackThatHoldsOnlyTheTrailingFillerYieldsNoRow) {
 
 TEST(RowCollection, NoSequenceYieldsNoRowAndNoError) {
   rows::Host host;
+  const hostcalls::Recording recording;
   EXPECT_THAT(rows::Collect({}), IsEmpty());
+  EXPECT_THAT(recording.GetCalls({"VisitSequence"}), IsEmpty());
 }
 
 TEST(RowCollection, AListStaysReadableAfterTheSequenceWasReplaced) {
@@ -123,6 +130,20 @@ TEST(RowCollection, TheReadLockIsGivenBackAfterAPass) {
   std::thread([&sequence] { EXPECT_EQ(rows::Collect(sequence).size(), 1U); }).join();
   host.Replace(sequence, drafts::MakeSequence());
   EXPECT_THAT(rows::Collect(sequence), IsEmpty());
+}
+
+TEST(RowCollection, EverythingIsReadInOneHoldOfTheReadLock) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  auto& track = drafts::AddTrack(draft);
+  drafts::AddClip(track, "A", 0, 50);
+  drafts::AddClip(track, "B", 50, 80);
+  const auto sequence = host.Add(draft);
+  const hostcalls::Recording recording;
+  rows::Collect(sequence);
+  EXPECT_THAT(recording.GetCalls(),
+              ElementsAre("ReadLock()", "GetSequenceParentProject(true)", "VisitSequence()",
+                          "GetClipName()", "GetClipName()", "ReadUnlock()"));
 }
 
 /// Every clip of a state bears the state's name, so a mixed pass shows.
@@ -186,17 +207,85 @@ TEST_F(SequenceVisit, OnlyTheGroupsAskedForAreDescendedInto) {
 }
 
 TEST_F(SequenceVisit, WithoutSequenceOrCallbackNothingHappens) {
+  const hostcalls::Recording recording;
   int calls = 0;
   VisitTrackItems({}, {BE::kMediaType_Video}, {BE::kTrackItemType_Clip},
                   [&calls](const auto&) { ++calls; });
   EXPECT_EQ(calls, 0);
   EXPECT_NO_THROW(VisitTrackItems(sequence, {BE::kMediaType_Video}, {BE::kTrackItemType_Clip}, {}));
+  EXPECT_THAT(recording.GetCalls(), IsEmpty());
 }
 
 TEST_F(SequenceVisit, AFailureOfTheCallbackReachesTheCaller) {
   EXPECT_THROW(VisitTrackItems(sequence, {BE::kMediaType_Video}, {BE::kTrackItemType_Clip},
                                [](const auto&) { throw std::bad_alloc(); }),
                std::bad_alloc);
+}
+
+class TrackGroup final : public fakes::Counted<BE::ITrackGroup> {
+ public:
+  explicit TrackGroup(const BE::MediaType& identifier) : identifier(identifier) {}
+  void* QueryInterface(qelcore::InterfaceID id) noexcept override {
+    return id == BE::ITrackGroup::kInterfaceID ? static_cast<BE::ITrackGroup*>(this) : nullptr;
+  }
+  BE::MediaType GetIdentifier() const override { return identifier; }
+
+ private:
+  const BE::MediaType identifier;
+};
+
+/// A sequence that shows its visitor one node and keeps the answer.
+class OneNodeSequence final : public fakes::Counted<BE::ISequence>,
+                              public standalone::VisitableSequence {
+ public:
+  explicit OneNodeSequence(qelcore::Ref<qelcore::IUnknown> node) : node(std::move(node)) {}
+  void* QueryInterface(qelcore::InterfaceID id) noexcept override {
+    if (id == BE::ISequence::kInterfaceID) return static_cast<BE::ISequence*>(this);
+    if (id != VisitableSequence::kInterfaceID) return nullptr;
+    return static_cast<VisitableSequence*>(this);
+  }
+  qelcore::UTF8String GetName() const override { return {}; }
+  qelmediatypes::TickTime GetVideoFrameDuration() const override { return {}; }
+  qelmediatypes::TickTime GetAudioFrameDuration() const override { return {}; }
+  void VisitChildren(const BE::SequenceVisitor& visitor) const override { answer = visitor(*node); }
+
+  /// Stays empty when the visitor does not go on below the sequence.
+  mutable std::optional<BE::VisitorStatus> answer;
+
+ private:
+  const qelcore::Ref<qelcore::IUnknown> node;
+};
+
+class VisitorAnswers : public testing::Test {
+ protected:
+  std::optional<BE::VisitorStatus> AnswerTo(qelcore::IUnknown* node) {
+    const qelcore::Ref sequence(new OneNodeSequence(qelcore::Ref(node)));
+    VisitTrackItems(qelcore::Ref<BE::ISequence>(sequence), {BE::kMediaType_Video},
+                    {BE::kTrackItemType_Clip}, [this](const auto&) { ++calls; });
+    return sequence->answer;
+  }
+  int calls = 0;
+};
+
+TEST_F(VisitorAnswers, ATrackItemIsNotDescendedIntoWhetherAcceptedOrNot) {
+  const qelcore::Ref item(new fakes::TrackItem);
+  item->type = BE::kTrackItemType_Clip;
+  EXPECT_EQ(AnswerTo(item.Get()), BE::VisitorStatus::kDoNotDescend);
+  EXPECT_EQ(calls, 1);
+  item->type = BE::kTrackItemType_Transition;
+  EXPECT_EQ(AnswerTo(item.Get()), BE::VisitorStatus::kDoNotDescend);
+  EXPECT_EQ(calls, 1);
+}
+
+TEST_F(VisitorAnswers, ATrackGroupIsDescendedIntoOnlyWhenAskedFor) {
+  EXPECT_EQ(AnswerTo(new TrackGroup(BE::kMediaType_Video)), BE::VisitorStatus::kContinue);
+  EXPECT_EQ(AnswerTo(new TrackGroup(BE::kMediaType_Audio)), BE::VisitorStatus::kDoNotDescend);
+}
+
+TEST_F(VisitorAnswers, AnyOtherNodeIsDescendedInto) {
+  EXPECT_EQ(AnswerTo(new fakes::Track(true)), BE::VisitorStatus::kContinue);
+  EXPECT_EQ(AnswerTo(new fakes::Nothing), BE::VisitorStatus::kContinue);
+  EXPECT_EQ(calls, 0);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -44,6 +45,15 @@ class ShortGaps : public testing::Test {
       marks.push_back(std::string(row.startFlagged ? "s" : "") + (row.endFlagged ? "e" : ""));
     }
     return marks;
+  }
+
+  std::string MissingInterface() {
+    try {
+      MarkShortGaps(list, 5);
+    } catch (const qelcore::config::null_pointer_exception& failure) {
+      return failure.GetObject();
+    }
+    return "none";
   }
 
   static constexpr std::uint64_t kMutedTrack = 99;
@@ -137,6 +147,16 @@ TEST_F(ShortGaps, FramesAreThoseOfTheFirstRowsSequenceNotOfTheRows) {
   EXPECT_THAT(Mark(5), ElementsAre("e", "s"));
 }
 
+TEST_F(ShortGaps, EachPairCountsInFramesOfItsFirstRowsSequence) {
+  const qelcore::Ref<BE::ISequence> fine(new fakes::Sequence(TickTime(1)));
+  Add(0, 100);
+  Add(150, 200).sequence = fine;
+  Add(206, 300).sequence = fine;
+  Add(305, 400);
+  Add(450, 500);
+  EXPECT_THAT(Mark(5), ElementsAre("e", "s", "e", "se", "s"));
+}
+
 TEST_F(ShortGaps, AnUnknownFrameDurationCountsEveryGapAsNoFrames) {
   sequence = qelcore::Ref<BE::ISequence>(new fakes::Sequence(qelmediatypes::kUnknownFrameDuration));
   Add(0, 100);
@@ -160,12 +180,19 @@ TEST_F(ShortGaps, APictureRowWithoutTrackRaisesItsTypeName) {
   const qelcore::Ref item(new fakes::TrackItem);
   item->track = qelcore::Ref<qelcore::IUnknown>(new fakes::Nothing);
   Add(0, 100).trackItem = item;
-  try {
-    Mark(5);
-    ADD_FAILURE();
-  } catch (const qelcore::config::null_pointer_exception& failure) {
-    EXPECT_EQ(failure.GetObject(), "BE::ITrack");
-  }
+  EXPECT_EQ(MissingInterface(), "BE::ITrack");
+}
+
+TEST_F(ShortGaps, APictureRowWithoutTrackItemRaisesItsTypeName) {
+  Add(0, 100).trackItem.Reset();
+  EXPECT_EQ(MissingInterface(), "BE::ITrackItem");
+}
+
+TEST_F(ShortGaps, ARowWithoutSequenceRaisesItsTypeNameWhereAGapFollows) {
+  Add(0, 100);
+  Add(110, 200).sequence.Reset();
+  Add(210, 300);
+  EXPECT_EQ(MissingInterface(), "BE::ISequence");
 }
 
 TEST_F(ShortGaps, MarkingAgreesWithAPlainListOfPairs) {

@@ -52,8 +52,15 @@ TEST(JsonTrees, TextsAreDecoded) {
 }
 
 TEST(JsonTrees, HalfASurrogatePairBecomesAReplacementCharacter) {
-  const Parsed parsed(R"({"name": "a\udc00b"})");
-  EXPECT_EQ(parsed[JsonKey::kName].GetString(), "a\uFFFDb");
+  const auto name = [](const std::string& text) {
+    return Parsed("{\"name\": \"" + text + "\"}")[JsonKey::kName].GetString();
+  };
+  EXPECT_EQ(name(R"(a\udc00b)"), "a\uFFFDb");
+  EXPECT_EQ(name(R"(a\ud83cb)"), "a\uFFFDb");
+  EXPECT_EQ(name(R"(\uD83C)"), "\uFFFD");
+  EXPECT_EQ(name(R"(\ud83c\ud83c\udfac)"), "\uFFFD\U0001F3AC");
+  EXPECT_EQ(name(R"(\ud83c\n\udfac)"), "\uFFFD\n\uFFFD");
+  EXPECT_EQ(name(R"(\\ud83c \\\ud83c)"), "\\ud83c \\\uFFFD");
 }
 
 TEST(JsonTrees, MembersOfFreeNamesKeepTheirNames) {
@@ -99,7 +106,15 @@ TEST(JsonTrees, ErrorsNameLineAndRemedy) {
             "2: This is not valid JSON; export the timeline again.");
   EXPECT_EQ(ErrorOf("{\n\"x\": \"\xFF\"}"), "2: The text is not valid UTF-8; save the file as UTF-8.");
   EXPECT_EQ(ErrorOf("{}\n{}"), "2: There is more text behind the end of the timeline; remove it.");
+  EXPECT_EQ(ErrorOf("{\n\"x\": \"\\ud8zz\"}"), "2: This is not valid JSON; export the timeline again.");
   EXPECT_EQ(ErrorOf("{\n\"x\": 1e999}"), "2: A number is too big to be read; correct it.");
+}
+
+TEST(JsonTrees, ZeroBytesPadTheEndAndNothingStandsBehindThem) {
+  const std::string padding(5, '\0');
+  EXPECT_EQ(ErrorOf("{}\n" + padding + "\n"), "none");
+  EXPECT_EQ(ErrorOf("{}\n" + padding + "{}"),
+            "2: There is more text behind the end of the timeline; remove it.");
 }
 
 TEST(JsonTrees, NestingOfAnyDepthIsParsedWithoutTheCallStack) {

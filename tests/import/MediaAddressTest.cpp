@@ -49,6 +49,8 @@ TEST(MediaAddresses, PercentSignsThatAreNoCodeStay) {
   EXPECT_EQ(DecodePercent("100%.mov"), "100%.mov");
   EXPECT_EQ(DecodePercent("50%zz%20"), "50%zz%20");
   EXPECT_EQ(DecodePercent("a%00b"), "a%00b");
+  EXPECT_EQ(DecodePercent("render.%04d.exr"), "render.%04d.exr");
+  EXPECT_EQ(DecodePercent("a%1Fb"), "a%1Fb");
   EXPECT_EQ(DecodePercent("a%FFb"), "a%FFb");
   EXPECT_EQ(DecodePercent("a%ED%A0%80b"), "a%ED%A0%80b");
   EXPECT_EQ(DecodePercent("%2"), "%2");

@@ -139,6 +139,7 @@ TEST(VideoInfo, ComesFromTheReferencesFrameSize) {
   EXPECT_EQ(info(R"("width": 1920, "height": 1080)"), "1920 x 1080 (1.0)");
   EXPECT_EQ(info(R"("width": 720, "height": 576, "pixel_aspect": 1.094)"), "720 x 576 (1.094)");
   EXPECT_EQ(info(R"("width": 720, "height": 480, "pixel_aspect": 2)"), "720 x 480 (2.0)");
+  EXPECT_EQ(info(R"("width": 720, "height": 480, "pixel_aspect": NaN)"), "720 x 480 (1.0)");
   EXPECT_EQ(info(R"("width": 1920)"), "");
   EXPECT_EQ(info(R"("width": 1920, "height": 0)"), "");
   EXPECT_EQ(info(R"("width": 1920, "height": 1080)", "Audio"), "");

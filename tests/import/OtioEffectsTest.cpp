@@ -106,6 +106,14 @@ TEST(Graphics, AreFlaggedOrGeneratorsOfText) {
   EXPECT_FALSE(isGraphic(otio::File("a.mov")));
 }
 
+TEST(Graphics, AFontIsListedOnceWhereItIsFirstNamed) {
+  const std::string reference =
+      otio::Item("GeneratorReference.1", "", R"(, "parameters": {"font": "B"})");
+  const ClipDraft clip = otio::ReadOnly(
+      otio::Clip("A", "10", otio::Media(reference) + otio::Index(R"("fonts": ["A", "B", "A", "C"])")));
+  EXPECT_THAT(clip.components.at(0).fonts, ElementsAre("A", "B", "C"));
+}
+
 TEST(Graphics, FontsListedForANestedItemAreItsOwn) {
   const ClipDraft clip =
       otio::ReadOnly(otio::Stack({}, "Titles", otio::Index(R"("fonts": ["Serif One"])")));

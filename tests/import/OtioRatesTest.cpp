@@ -39,6 +39,18 @@ TEST(SequenceRates, AStartTimeInSamplesIsNoPictureRate) {
   EXPECT_EQ(VideoOf(otio::Timeline({otio::Track({ClipAt("25", "10")})}, start)), draft::k25);
 }
 
+TEST(SequenceRates, ANestedItemWithoutARangeCountsByWhatItHolds) {
+  const std::string sound = otio::Track({ClipAt("30", "10")}, "Audio");
+  const std::string nested = otio::Stack({sound, otio::Track({ClipAt("25", "10")})}, "Nested");
+  const std::string after = ClipAt("30", "10");
+  EXPECT_EQ(VideoOf(otio::Timeline({otio::Track({nested, after})})), draft::k25);
+  EXPECT_EQ(VideoOf(otio::Timeline({otio::Track({otio::Stack({nested}, "Outer"), after})})),
+            draft::k25);
+  const std::string range = R"(, "source_range": )" + otio::Range("0", "5", "30");
+  const std::string cut = otio::Stack({otio::Track({ClipAt("25", "10")})}, "Cut", range);
+  EXPECT_EQ(VideoOf(otio::Timeline({otio::Track({cut})})), draft::k30);
+}
+
 TEST(SequenceRates, ThenTheFirstVideoItemsThenTheFirstAudioItems) {
   const std::string audio = otio::Track({ClipAt("30", "10")}, "Audio");
   EXPECT_EQ(VideoOf(otio::Timeline({audio, otio::Track({otio::Gap("5"), ClipAt("24", "10")})})),

@@ -40,6 +40,9 @@ TEST(Decimals, NumbersOfAnySizeSaturate) {
   EXPECT_EQ(ParseDecimal("1e300"), largest);
   EXPECT_EQ(ParseDecimal("-1e300")->units, -largest->units);
   EXPECT_EQ(ParseDecimal("1e-300")->units, 0);
+  EXPECT_EQ(ParseDecimal("1e99999999999"), largest);
+  EXPECT_EQ(ParseDecimal("0e99999999999")->units, 0);
+  EXPECT_EQ(ParseDecimal("1e-99999999999")->units, 0);
 }
 
 TEST(Rates, DecimalsNearAPulledRateMeanIt) {

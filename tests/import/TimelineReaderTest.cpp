@@ -12,6 +12,7 @@
 
 #include "import/Fixtures.h"
 #include "import/OtioText.h"
+#include "support/OrdinaryUser.h"
 
 namespace standalone {
 namespace {
@@ -66,8 +67,8 @@ TEST(TimelineFiles, WhatIsNoFileIsSaid) {
 }
 
 TEST(TimelineFiles, AFileThatCantBeReadIsSaid) {
-  if (geteuid() == 0) return;  // Permissions do not bind root.
   const TemporaryFolder folder;
+  const rights::OrdinaryUser user(folder.path);
   std::ofstream(folder.path / "closed.otio") << "{}";
   std::filesystem::permissions(folder.path / "closed.otio", std::filesystem::perms::none);
   EXPECT_EQ(ErrorOf(folder.path / "closed.otio"), "0: The file can't be read: Permission denied.");
@@ -84,6 +85,30 @@ TEST(TimelineFiles, DamagedOnesAreRefusedWithPlaceAndRemedy) {
   EXPECT_EQ(Damaged("more_text.otio"),
             "2: There is more text behind the end of the timeline; remove it.");
   EXPECT_EQ(Damaged("number_too_big.otio"), "2: A number is too big to be read; correct it.");
+}
+
+TEST(TimelineFiles, SixteenBitTextIsNamedWithoutAByteOrderMarkToo) {
+  const TemporaryFolder folder;
+  std::string little;
+  for (const char c : otio::Timeline({})) little.append({c, '\0'});
+  const std::string big = '\0' + little.substr(0, little.size() - 1);
+  for (const std::string& text : {little, big}) {
+    std::ofstream(folder.path / "wide.otio", std::ios::binary) << text;
+    EXPECT_EQ(ErrorOf(folder.path / "wide.otio"), "1: The text is UTF-16; save the file as UTF-8.");
+  }
+}
+
+TEST(TimelineFiles, WindowsTextIsReadWithItsLines) {
+  const TemporaryFolder folder;
+  std::string text =
+      "\xEF\xBB\xBF" + otio::Timeline({otio::Track({otio::Clip("A", "1"), otio::Clip("B", "NaN")})});
+  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 2) {
+    text.insert(at, 1, '\r');
+  }
+  std::ofstream(folder.path / "cut.otio", std::ios::binary) << text;
+  const ImportResult result = ReadTimelineFile(folder.path / "cut.otio");
+  EXPECT_EQ(result.document.sequences.at(0).tracks.at(0).items.size(), 2u);
+  EXPECT_EQ(result.notes.at(0).line, 2u);
 }
 
 TEST(TimelineFiles, ForeignOnesAreRefusedByName) {

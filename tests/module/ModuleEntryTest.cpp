@@ -13,6 +13,7 @@
 #include "module/LoadCalls.h"
 #include "module/ModuleFixture.h"
 #include "module/SequenceIndexModule.h"
+#include "support/LocalizedKeys.h"
 
 namespace {
 bool isOutOfMemory = false;
@@ -87,6 +88,16 @@ TEST_F(Entry, RegistersTheCommandContextWithTheFeatureOffAndInEveryCall) {
   const std::unique_ptr<HSL::Module> second(CreateModule(qelcore::UTF8String("id")));
   EXPECT_EQ(recording.Count("AddContext"), 1U);
   EXPECT_EQ(UIF::ShortcutManager::Instance().GetContext("SequenceIndex"), context);
+}
+
+TEST_F(Entry, TheCommandContextsTitleIsLocalisedOnce) {
+  for (int i = 0; i < 2; ++i) {
+    const std::unique_ptr<HSL::Module> module(CreateModule(qelcore::UTF8String("id")));
+  }
+  EXPECT_EQ(hostcalls::LocalizedKeys::Get().Count(
+                "$$$/Corvel/Handlers/SequenceIndex/SequenceIndexContext=Sequence Index Panel#{comment}"
+                "QELMX-4248997"),
+            1U);
 }
 
 TEST_F(Entry, YieldsNoModuleWhenThereIsNoMemoryForIt) {

@@ -12,6 +12,7 @@
 #include "host/MZ/Messages.h"
 #include "host/qelcore/Exceptions.h"
 #include "module/ModuleFixture.h"
+#include "support/LocalizedKeys.h"
 
 namespace Vantrel {
 namespace {
@@ -212,6 +213,23 @@ TEST_F(Handler, HandlerAndViewDoNotKeepEachOtherAlive) {
 TEST_F(Handler, TheTitleIsTheSequencesNameOrSaysThatThereIsNone) {
   EXPECT_EQ(MakeTabViewTitle(AddSequence(MakeOneClip("Cut 3"))), "Sequence Index: Cut 3");
   EXPECT_EQ(MakeTabViewTitle({}), kNoSequence);
+}
+
+TEST_F(Handler, TitlesAreLocalisedOnce) {
+  const auto reel = AddSequence(MakeOneClip("Reel"));
+  for (int i = 0; i < 2; ++i) {
+    CreateSequenceIndexHandler(qelcore::UTF8String("id"));
+    MakeTabViewTitle(reel);
+    MakeTabViewTitle({});
+  }
+  for (const char* const key :
+       {"$$$/Corvel/Handlers/SequenceIndex/SequenceIndexTitle=Sequence Index#{comment}QELMX-4248997",
+        "$$$/Corvel/Handlers/SequenceIndex/SequenceIndexTabViewTitle=Sequence Index: @0#{comment}"
+        "QELMX-4248997",
+        "$$$/Corvel/Handlers/SequenceIndex/SequenceIndexTabViewTitleNoSeq=Sequence Index: (no sequence)"
+        "#{comment}QELMX-4248997"}) {
+    EXPECT_EQ(hostcalls::LocalizedKeys::Get().Count(key), 1U) << key;
+  }
 }
 
 TEST_F(Handler, ANameThatLooksLikeAnArgumentIsLeftAlone) {

@@ -166,6 +166,7 @@ TEST(Export, AnOutputThatCannotBeWrittenIsOneLineAndLeavesNothing) {
   ExpectFailure(RunProgram({"export", kDemo, "-o", folder.GetPath().native()}),
                 folder.GetPath().native(), "This is a folder");
   ExpectFailure(RunProgram({"export", kDemo, "-o", (folder / "a\\b.csv").native()}), "", "\\");
+  ExpectFailure(RunProgram({"export", kDemo, "-o", ""}), "", "empty");
   EXPECT_TRUE(fs::is_empty(folder.GetPath()));
 }
 
@@ -174,6 +175,7 @@ TEST(Export, TheTimelineItselfIsNeverOverwritten) {
   const std::string file = (folder / "cut.otio").native();
   fs::copy_file(kDemo, file);
   ExpectFailure(RunProgram({"export", file, "-o", file}), file, "timeline itself");
+  ExpectFailure(RunProgram({"export", "-", "-o", file}, file), file, "timeline itself");
   EXPECT_EQ(ReadFile(file), ReadFile(kDemo));
 }
 
@@ -188,6 +190,39 @@ TEST(Export, AnOldFileStaysWhenTheInputIsBroken) {
 TEST(Export, AFullDeviceIsOneLine) {
   ExpectFailure(RunProgram({"export", kDemo, "-o", "-"}, "/dev/null", "/dev/full"), "standard output",
                 "No space");
+}
+
+/// A timeline of as many clips, without anything that need not be there.
+std::string MakeTimeline(int clips) {
+  const std::string clip =
+      R"({"OTIO_SCHEMA":"Clip.1","name":"A","source_range":{"OTIO_SCHEMA":"TimeRange.1",)"
+      R"("start_time":{"OTIO_SCHEMA":"RationalTime.1","rate":25,"value":0},)"
+      R"("duration":{"OTIO_SCHEMA":"RationalTime.1","rate":25,"value":10}}})";
+  std::string text = R"({"OTIO_SCHEMA":"Track.1","kind":"Video","children":[)" + clip;
+  for (int i = 1; i < clips; ++i) text += "," + clip;
+  return text + "]}";
+}
+
+TEST(Export, NothingStaysInTheTemporaryFolderWhenTheReaderClosesThePipeEarly) {
+  constexpr int kMoreThanAPipeHolds = 4000;
+  const Folder folder;
+  const Folder temporary;
+  WriteFile(folder / "long.otio", MakeTimeline(kMoreThanAPipeHolds));
+  const std::string command = "TMPDIR='" + temporary.GetPath().native() + "' '" PROGRAM "' export '" +
+                              (folder / "long.otio").native() + "' -o - | head -c 1";
+  EXPECT_EQ(process::Run({"/bin/sh", "-c", command}).output, "#");
+  EXPECT_TRUE(fs::is_empty(temporary.GetPath()));
+}
+
+TEST(Export, APipeWithoutANameIsWritten) {
+  const Outcome outcome =
+      process::Run({"/bin/sh", "-c", "'" PROGRAM "' export '" + kDemo + "' -o /dev/stdout | cat"});
+  EXPECT_EQ(outcome.output, ReadFile(kFixtures + "demo-default.csv")) << outcome.errors;
+}
+
+TEST(Export, WithoutATemporaryFolderTheStreamIsOneLine) {
+  const std::string command = "TMPDIR=/no/such '" PROGRAM "' export '" + kDemo + "' -o -";
+  ExpectFailure(process::Run({"/bin/sh", "-c", command}), "", "temporary folder");
 }
 
 TEST(Export, NothingStaysInTheTemporaryFolder) {

@@ -1,15 +1,19 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <exception>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
 
 #include "host/BE/Model.h"
+#include "host/HSL/Handler.h"
 #include "host/MZ/Messages.h"
 #include "host/qelcore/Messaging.h"
 #include "standalone/app/IndexSession.h"
 #include "standalone/model/VisitableSequence.h"
+#include "standalone/runtime/Guard.h"
 #include "support/Drafts.h"
 #include "support/Process.h"
 
@@ -53,6 +57,40 @@ class LostSequence final : public BE::ISequence,
   mutable std::atomic<int> count{0};
 };
 
+/// What another panel's handler does while the panels are being opened.
+enum class Neighbour { kNothing, kReports, kThrows };
+Neighbour neighbour = Neighbour::kNothing;
+
+/// A failure that is neither the host's nor one of the standard library's.
+class NeighboursFailure final : public std::exception {
+ public:
+  const char* what() const noexcept override { return "the neighbour burns"; }
+};
+
+std::shared_ptr<HSL::Handler> MakeNeighbour(const qelcore::UTF8String&) {
+  if (neighbour == Neighbour::kThrows) throw NeighboursFailure();
+  if (neighbour == Neighbour::kReports) {
+    standalone::ReportFailure("neighbour", std::make_exception_ptr(NeighboursFailure()));
+  }
+  return nullptr;
+}
+
+/// Opens a session beside a neighbour and returns the sentence of the failure.
+std::string FailToOpen(Neighbour behaviour) {
+  static const bool isRegistered = (HSL::Handler::RegisterFactory("Neighbour", &MakeNeighbour), true);
+  EXPECT_TRUE(isRegistered);
+  neighbour = behaviour;
+  std::string sentence;
+  try {
+    const IndexSession session;
+    ADD_FAILURE() << "the failure passed";
+  } catch (const std::runtime_error& failure) {
+    sentence = failure.what();
+  }
+  neighbour = Neighbour::kNothing;
+  return sentence;
+}
+
 standalone::DocumentDraft MakeDocument() {
   standalone::DocumentDraft document;
   auto& sequence = document.sequences.emplace_back(drafts::MakeSequence("Cut"));
@@ -75,6 +113,14 @@ TEST(IndexSession, AFailedBuildNeverPassesAsAnEmptyTable) {
     EXPECT_NE(sentence.find("can't be built"), std::string::npos) << sentence;
     EXPECT_NE(sentence.find("the project's disk is gone"), std::string::npos) << sentence;
   }
+}
+
+TEST(IndexSession, AFailureOnceThePanelIsOpenClosesItBeforeItsModuleGoes) {
+  EXPECT_NE(FailToOpen(Neighbour::kReports).find("the neighbour burns"), std::string::npos);
+}
+
+TEST(IndexSession, AFailureOfAForeignTypeLeavesAsItsSentence) {
+  EXPECT_EQ(FailToOpen(Neighbour::kThrows), "the neighbour burns");
 }
 
 TEST(IndexSession, WritesWhatThePanelShows) {

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "host/qelcore/Exceptions.h"
+#include "support/OrdinaryUser.h"
 
 namespace {
 
@@ -55,27 +56,6 @@ TEST(FileName, OfAForeignMediaAddressSplitsAtBackslashesToo) {
 TEST(FilePath, StaysAsItWasGiven) {
   EXPECT_EQ(File("/a\\\\b//c", StorageType::kPlatformFile).GetPathUTF8(), "/a\\\\b//c");
 }
-
-/// For its lifetime the administrator, whom nothing is forbidden, has the rights of the user who owns
-/// least; that user owns the folder from then on.
-class AsOrdinaryUser {
- public:
-  explicit AsOrdinaryUser(const fs::path& folder) : isAdministrator(geteuid() == 0) {
-    if (!isAdministrator) return;
-    EXPECT_EQ(chown(folder.c_str(), kNobody, kNobody), 0);
-    EXPECT_EQ(seteuid(kNobody), 0);
-  }
-  ~AsOrdinaryUser() {
-    if (!isAdministrator) return;
-    EXPECT_EQ(seteuid(0), 0);
-  }
-  AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-  AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  const bool isAdministrator;
-};
 
 class Files : public testing::Test {
  protected:
@@ -279,7 +259,7 @@ TEST_F(Files, AnExistingOneIsKeptWhenItMustNotBeReplaced) {
 }
 
 TEST_F(Files, AnUnwritableFolderIsAnErrorAndTheOldFileStays) {
-  const AsOrdinaryUser rights(folder);
+  const rights::OrdinaryUser user(folder);
   Write(folder / "out.csv", "old");
   fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
   EXPECT_THAT(FailureOfSaving(folder / "out.csv"), HasSubstr("Permission denied"));
@@ -287,7 +267,7 @@ TEST_F(Files, AnUnwritableFolderIsAnErrorAndTheOldFileStays) {
 }
 
 TEST_F(Files, AWriteProtectedFileIsNotReplaced) {
-  const AsOrdinaryUser rights(folder);
+  const rights::OrdinaryUser user(folder);
   Write(folder / "out.csv", "old");
   fs::permissions(folder / "out.csv", fs::perms::owner_read);
   EXPECT_THAT(FailureOfSaving(folder / "out.csv"), HasSubstr("Permission denied"));
@@ -330,7 +310,7 @@ TEST_F(Files, ATargetThatBecameAFolderMakesCloseFail) {
 /// An ordinary user can't harm the system's devices, whatever a defect does.
 class Devices : public Files {
  protected:
-  const AsOrdinaryUser rights{folder};
+  const rights::OrdinaryUser user{folder};
   const std::string nullDevice = "/dev/null";
   const std::string fullDevice = "/dev/full";
 };
@@ -362,6 +342,23 @@ TEST_F(Files, APipeIsWrittenDirectly) {
   reader.join();
   EXPECT_EQ(read, text);
   EXPECT_TRUE(fs::is_fifo(pipe));
+}
+
+TEST_F(Files, APipeWithoutANameIsWrittenDirectly) {
+  int ends[2];
+  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+  Save("/dev/fd/" + std::to_string(ends[1]), "text");
+  close(ends[1]);
+  char read[8];
+  EXPECT_EQ(std::string_view(read, static_cast<std::size_t>(::read(ends[0], read, sizeof read))),
+            "text");
+  close(ends[0]);
+}
+
+TEST_F(Files, APathWithAZeroByteIsRefused) {
+  const std::string path = folder / std::string("out\0.csv", 8);
+  EXPECT_THROW(Save(path, "new"), file_exception);
+  EXPECT_THAT(Names(), ElementsAre());
 }
 
 TEST_F(Files, AMediaAddressIsNeverWritten) {

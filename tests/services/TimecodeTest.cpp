@@ -43,6 +43,8 @@ constexpr Rate kRates[] = {
     {"48", 48, 1, false, 48, 0},
     {"50", 50, 1, false, 50, 0},
     {"60", 60, 1, false, 60, 0},
+    {"72", 72, 1, false, 72, 0},
+    {"96", 96, 1, false, 96, 0},
     {"100", 100, 1, false, 100, 0},
     {"120", 120, 1, false, 120, 0},
     {"23976", 24000, 1001, false, 24, 0},
@@ -51,6 +53,9 @@ constexpr Rate kRates[] = {
     {"47952", 48000, 1001, false, 48, 0},
     {"5994", 60000, 1001, false, 60, 0},
     {"5994Drop", 60000, 1001, true, 60, 4},
+    {"71928", 72000, 1001, false, 72, 0},
+    {"95904", 96000, 1001, false, 96, 0},
+    {"11988", 120000, 1001, false, 120, 0},
     {"11988Drop", 120000, 1001, true, 120, 8},
 };
 
@@ -123,9 +128,9 @@ INSTANTIATE_TEST_SUITE_P(AllRates, TimecodeOfADay, testing::ValuesIn(kRates),
 class Timecode : public testing::Test {
  protected:
   static constexpr const Rate& k25 = kRates[1];
-  static constexpr const Rate& k100 = kRates[6];
-  static constexpr const Rate& k120 = kRates[7];
-  static constexpr const Rate& k2997Drop = kRates[10];
+  static constexpr const Rate& k100 = kRates[8];
+  static constexpr const Rate& k120 = kRates[9];
+  static constexpr const Rate& k2997Drop = kRates[12];
 
   static std::string Text(TickTime time, TickTime frameDuration, TimeDisplay display = kNonDrop) {
     return std::string(ZSL::Timecode(time, frameDuration, display).GetStringUTF8().View());

@@ -10,6 +10,7 @@
 #include "support/Drafts.h"
 #include "support/HostCalls.h"
 #include "support/HostFaults.h"
+#include "support/LocalizedKeys.h"
 #include "table/ColumnFixture.h"
 
 namespace Vantrel {
@@ -34,6 +35,18 @@ TEST_F(HeaderRow, TheMenuListsTheCommandsThenTheColumnsByHeaderTextWithTheirMark
     EXPECT_EQ(item.isChecked, catalogue[i].defaultShown) << catalogue[i].name.View();
   }
   EXPECT_EQ(answers.menuPosition, (qelui::Point{17, 4}));
+}
+
+TEST_F(HeaderRow, TheTextsOfTheMenusCommandsAreLocalisedOnce) {
+  const auto tree = MakeTree();
+  PressMenuButton(*tree);
+  PressMenuButton(*tree);
+  for (const char* const key :
+       {"$$$/Corvel/Handlers/SeqenceIndex/SelectAll=Show All Columns#{comment}QELMX-4248997",
+        "$$$//Corvel/Handlers/SeqenceIndex/SelectDefaults=Show Default Columns#{comment}"
+        "QELMX-4248997"}) {
+    EXPECT_EQ(hostcalls::LocalizedKeys::Get().Count(key), 1U) << key;
+  }
 }
 
 TEST_F(HeaderRow, ShowAllColumnsShowsEveryColumnInPositionOrder) {

@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -16,6 +15,7 @@
 #include "host/qelcore/Exceptions.h"
 #include "support/Answers.h"
 #include "support/HostFaults.h"
+#include "support/Process.h"
 #include "table/ColumnLayout.h"
 #include "table/RefreshFixture.h"
 
@@ -27,26 +27,19 @@ constexpr std::string_view kDefaultHeader =
 
 class Export : public RefreshFixture {
  protected:
-  Export() : folder(std::filesystem::path(testing::TempDir()) / "sequence-index-export") {
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+  Export() {
     GetColumnLayoutStore().clear();
     tree = MakeTree();
   }
-  ~Export() override { std::filesystem::remove_all(folder); }
 
   std::filesystem::path GetFile() const { return folder / "index.csv"; }
   bool ExportTo(const std::filesystem::path& file) {
     return tree->ExportSequenceIndexToCSV(qelcore::UTF8String(file.native()), false);
   }
-  static std::string Read(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
   /// What an export writes now.
   std::string GetExportedText() {
     EXPECT_TRUE(ExportTo(GetFile()));
-    return Read(GetFile());
+    return process::ReadFile(GetFile());
   }
   /// Leaves the header row with these columns only.
   void ShowColumns(const std::vector<ColumnID>& columns) {
@@ -54,9 +47,9 @@ class Export : public RefreshFixture {
     for (const auto& column : GetColumnCatalogue()) row->RemoveColumn(column.id);
     for (const ColumnID column : columns) row->AppendColumn(GetColumnName(column), column);
   }
-  bool IsFolderEmpty() const { return std::filesystem::is_empty(folder); }
+  bool IsFolderEmpty() const { return std::filesystem::is_empty(folder.GetPath()); }
 
-  const std::filesystem::path folder;
+  const process::Folder folder;
 };
 
 standalone::SequenceDraft MakeDetailedSequence() {
@@ -143,7 +136,7 @@ TEST_F(Export, AMovedColumnIsWrittenAtItsNewPlaceAndAHiddenOneNotAtAll) {
             "A1,1,00:00:00:00,00:00:00:10,,\n");
 }
 
-TEST_F(Export, SelectionAndScrollingPlayNoPart) {
+TEST_F(Export, ScrollingPlaysNoPart) {
   tree->UI_SetBounds({0, 0, 400, 20 + 2 * kRowHeight});
   ShowSequence(MakeClips("A", 6));
   tree->ScrollRowIntoView(tree->GetRow(4), true, true, true);
@@ -227,17 +220,17 @@ TEST_F(Export, ReplacesAnExistingFile) {
 TEST_F(Export, BackslashesInThePathSeparateFolders) {
   ShowColumns({kColumnClipName});
   std::filesystem::create_directory(folder / "sub");
-  const std::string path = folder.native() + "\\sub\\index.csv";
+  const std::string path = folder.GetPath().native() + "\\sub\\index.csv";
   ASSERT_TRUE(tree->ExportSequenceIndexToCSV(qelcore::UTF8String(path), true));
-  EXPECT_EQ(Read(folder / "sub" / "index.csv"), "Clip Name\n");
+  EXPECT_EQ(process::ReadFile(folder / "sub" / "index.csv"), "Clip Name\n");
 }
 
 TEST_F(Export, TheFlagPlaysNoPart) {
   ShowSequence(MakeClips("A", 1));
   ASSERT_TRUE(tree->ExportSequenceIndexToCSV(qelcore::UTF8String(GetFile().native()), false));
-  const std::string without = Read(GetFile());
+  const std::string without = process::ReadFile(GetFile());
   ASSERT_TRUE(tree->ExportSequenceIndexToCSV(qelcore::UTF8String(GetFile().native()), true));
-  EXPECT_EQ(Read(GetFile()), without);
+  EXPECT_EQ(process::ReadFile(GetFile()), without);
 }
 
 TEST_F(Export, AFailureWhileFormattingLeavesNoFileAndFreesTheMutex) {
@@ -268,7 +261,7 @@ TEST_F(Export, AFailureWhileWritingLeavesTheOldFileAndFreesTheMutex) {
     const hostcalls::Recording recording;
     const hostcalls::Hook fault(call, [] { throw qelcore::config::file_exception("x", "disk full"); });
     EXPECT_THROW(ExportTo(GetFile()), qelcore::config::file_exception) << call;
-    EXPECT_EQ(Read(GetFile()), "old") << call;
+    EXPECT_EQ(process::ReadFile(GetFile()), "old") << call;
     EXPECT_EQ(recording.Count("Lock"), recording.Count("Unlock")) << call;
   }
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "host/qelcore/Exceptions.h"
 #include "host/qelcore/Future.h"
@@ -60,6 +61,35 @@ TEST_F(RefreshFailure, AFailedBuildDoesNotStrandTheListsOfTheOneBefore) {
   host.Settle();
   EXPECT_EQ(GetShownNames(), (Names{"B1", "B2"}));
   EXPECT_EQ(host.TakeFailures().size(), 1U);
+}
+
+class CarryingFailure final : public std::runtime_error {
+ public:
+  explicit CarryingFailure(std::shared_ptr<int> cargo)
+      : std::runtime_error("with cargo"), cargo(std::move(cargo)) {}
+
+ private:
+  const std::shared_ptr<int> cargo;
+};
+
+TEST_F(RefreshFailure, TheLastOutcomeIsKeptAndLetGoOfBeforeTheNextBuildIsScheduled) {
+  ShowSequence(MakeClips("A", 1));
+  std::weak_ptr<int> watched;
+  {
+    const hostcalls::Hook fault("VisitSequence", [&] {
+      auto cargo = std::make_shared<int>();
+      watched = cargo;
+      throw CarryingFailure(std::move(cargo));
+    });
+    tree->RefreshDataListsAndTreeViewAsync();
+    host.Settle();
+  }
+  EXPECT_EQ(host.TakeFailures().size(), 1U);
+  EXPECT_FALSE(watched.expired()) << "the future of the build holds its failure";
+  bool wasLetGo = false;
+  const hostcalls::Hook look("Schedule", [&] { wasLetGo = watched.expired(); });
+  tree->RefreshDataListsAndTreeViewAsync();
+  EXPECT_TRUE(wasLetGo);
 }
 
 TEST_F(RefreshFailure, AFailureAfterTheVisitStoresNoListEither) {

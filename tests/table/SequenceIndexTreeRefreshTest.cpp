@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <new>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <utility>
@@ -234,6 +235,25 @@ TEST_F(Refresh, OptionsChangedDuringTheVisitAreAlreadyRead) {
   EXPECT_EQ(GetShownNames(), (Names{"before", "Gap", "after"}));
 }
 
+TEST_F(Refresh, TheFilteredListReadsTheGapFlagAgainAndKeepsTheNumbersOfTheFullList) {
+  ShowSequence(MakeClipGapClip());
+  tree->SetOptions(KeepingGaps());
+  {
+    int locks = 0;
+    const hostcalls::Hook change("Lock", [&] {
+      if (++locks == 3) tree->SetOptions({});
+    });
+    ASSERT_TRUE(RunOneTask());
+  }
+  const hostcalls::Hook fault("VisitSequence", [] { throw std::runtime_error("the next build"); });
+  host.Settle();
+  EXPECT_EQ(GetNames(tree->GetFullList()), (Names{"before", "Gap", "after"}));
+  ASSERT_EQ(GetShownNames(), (Names{"before", "after"}));
+  EXPECT_EQ(tree->GetFilteredList()[0].index, 0U);
+  EXPECT_EQ(tree->GetFilteredList()[1].index, 2U);
+  EXPECT_EQ(host.TakeFailures().size(), 1U);
+}
+
 TEST_F(Refresh, ABuildLocksForTheSequenceTheFlagTheGroupsAndTheHandOverOnly) {
   ShowSequence(MakeClips("A", 2));
   tree->RefreshDataListsAndTreeViewAsync();
@@ -251,6 +271,17 @@ TEST_F(Refresh, AQueuedBuildIndexesTheNewestSequence) {
   ASSERT_TRUE(RunOneTask());
   ASSERT_TRUE(RunOneTask());
   ASSERT_TRUE(RunOneMainStep());
+  EXPECT_EQ(GetShownNames(), Names{"New1"});
+}
+
+TEST_F(Refresh, ABuildOfTheSequenceBeforeIsShownUntilTheNewOnesIsDone) {
+  tree->SetSequence(AddSequence(MakeClips("Old", 1)));
+  ASSERT_TRUE(RunOneTask());
+  tree->SetSequence(AddSequence(MakeClips("New", 1)));
+  ASSERT_TRUE(RunOneTask());
+  ASSERT_TRUE(RunOneMainStep());
+  EXPECT_EQ(GetShownNames(), Names{"Old1"});
+  host.Settle();
   EXPECT_EQ(GetShownNames(), Names{"New1"});
 }
 

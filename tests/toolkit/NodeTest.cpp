@@ -6,6 +6,7 @@
 #include <memory>
 #include <thread>
 
+#include "host/qelcore/Threads.h"
 #include "standalone/runtime/Runtime.h"
 #include "toolkit/OffMainThread.h"
 
@@ -22,6 +23,21 @@ class WatchedNode final : public qelui::ui::UI_SubView {
 
  private:
   std::atomic<std::thread::id>& destroyedOn;
+};
+
+/// Counts its ends, and those off the main thread.
+class CountedNode final : public qelui::ui::UI_SubView {
+ public:
+  CountedNode(std::atomic<int>& gone, std::atomic<int>& goneElsewhere)
+      : gone(gone), goneElsewhere(goneElsewhere) {}
+  ~CountedNode() override {
+    if (!qelcore::threads::CurrentThreadIsMainThread()) ++goneElsewhere;
+    ++gone;
+  }
+
+ private:
+  std::atomic<int>& gone;
+  std::atomic<int>& goneElsewhere;
 };
 
 void DropOnAnotherThread(Ref<WatchedNode> node) {
@@ -43,6 +59,19 @@ TEST(NodeDeletion, AControlDroppedOnAnotherThreadGoesOnTheMainThread) {
   EXPECT_EQ(destroyedOn.load(), std::thread::id());
   runtime.GetMainQueue().RunUntilEmpty();
   EXPECT_EQ(destroyedOn.load(), std::this_thread::get_id());
+}
+
+TEST(NodeDeletion, AMainThreadThatIsBusyDeletingNeverLeavesAControlToTheOther) {
+  constexpr int kControls = 2000;
+  standalone::Runtime runtime;
+  std::atomic<int> gone = 0;
+  std::atomic<int> goneElsewhere = 0;
+  std::thread worker([&] {
+    for (int i = 0; i < kControls; ++i) Ref(new CountedNode(gone, goneElsewhere)).Reset();
+  });
+  while (gone < kControls) runtime.GetMainQueue().RunUntilEmpty();
+  worker.join();
+  EXPECT_EQ(goneElsewhere.load(), 0);
 }
 
 TEST(NodeDeletion, AQueuedDeletionAlsoRunsInANestedLoop) {

@@ -60,6 +60,11 @@ TEST(RowStore, RefusesTheRowOfAnotherStore) {
   EXPECT_THROW(rows.IndexOf(others.Append()), qelcore::config::qel_exception);
 }
 
+TEST(RowStore, RefusesNoRow) {
+  const RowStore rows;
+  EXPECT_THROW(rows.IndexOf(rows.At(0)), qelcore::config::qel_exception);
+}
+
 TEST(RowStore, RefusesARowThatWasCleared) {
   RowStore rows;
   const RowStore::Row* const row = rows.Append();

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -87,6 +88,16 @@ TEST_F(Contents, WhileAWorkspaceIsBeingLoadedTheTableWaitsForAnActivation) {
   EXPECT_FALSE(view->GetTree()->GetSequence());
   host->GetProject().ActivateSequence(active);
   EXPECT_EQ(view->GetTree()->GetSequence(), active);
+}
+
+TEST_F(Contents, WithoutATableAClickOnTheFilterButtonDoesNothing) {
+  const hostcalls::Hook fault("AddChildView", [] { throw std::bad_alloc(); });
+  EXPECT_THROW(CreateContents(), std::bad_alloc);
+  ASSERT_TRUE(view->GetFilterButton());
+  ASSERT_FALSE(view->GetTree());
+  view->GetFilterButton()->Click(0);
+  view->GetFilterButton()->Click(qelui::ui::kModifierControl);
+  EXPECT_EQ(answers.optionsCount, 0);
 }
 
 TEST_F(Contents, AControlClickResetsTheOptionsWithoutADialog) {
