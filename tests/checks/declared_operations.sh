@@ -8,6 +8,8 @@ export LC_ALL=C
 compiler=$1
 sources=$2
 host_library=$3
+# The option that asks for an Ada binding of this one header, not of those that it includes.
+binding=$("$compiler" --help=c++ | grep -o -- '-fdump-ada-[a-z]*-slim')
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -17,7 +19,7 @@ nm -D --defined-only "$host_library" | awk '{ print $3 }' | sort -u >"$work/offe
 # in the listing.
 list_declarations() { # HEADER
   (cd "$work" && rm -f ./*.ads &&
-    "$compiler" -std=c++20 -w -fsyntax-only -fdump-ada-spec-slim -x c++ -I "$sources" "$sources/$1") || exit 1
+    "$compiler" -std=c++20 -w -fsyntax-only "$binding" -x c++ -I "$sources" "$sources/$1") || exit 1
   awk -v file="$sources/$1" '
     /--.*:[0-9]+$/ && index($0, file) { line = $0; sub(/.*:/, "", line) }
     /External_Name => "|pragma CPP_Constructor/ {

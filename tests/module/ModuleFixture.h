@@ -22,12 +22,7 @@
 namespace Vantrel {
 
 using Calls = std::vector<std::string>;
-
-inline standalone::SequenceDraft MakeOneClip(std::string_view name) {
-  auto draft = drafts::MakeSequence(name);
-  drafts::AddClip(drafts::AddTrack(draft), name, 0, 10);
-  return draft;
-}
+using drafts::MakeOneClip;
 
 /// The host with the panel's feature switched on; the handler comes with GetHandler.
 class ModuleFixture : public testing::Test {

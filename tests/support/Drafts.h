@@ -62,6 +62,13 @@ inline standalone::ClipDraft& AddClip(standalone::TrackDraft& track, std::string
   return clip;
 }
 
+/// A sequence that holds one clip of ten frames, both of that name.
+inline standalone::SequenceDraft MakeOneClip(std::string_view name) {
+  standalone::SequenceDraft sequence = MakeSequence(name);
+  AddClip(AddTrack(sequence), name, 0, 10);
+  return sequence;
+}
+
 inline standalone::TrackItemDraft& AddGap(standalone::TrackDraft& track, std::int64_t startFrame,
                                           std::int64_t endFrame) {
   standalone::TrackItemDraft& item = track.items.emplace_back();

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <memory>
 #include <thread>
+#include <vector>
 
 #include "host/qelcore/Threads.h"
 #include "standalone/runtime/Runtime.h"
@@ -62,15 +63,19 @@ TEST(NodeDeletion, AControlDroppedOnAnotherThreadGoesOnTheMainThread) {
 }
 
 TEST(NodeDeletion, AMainThreadThatIsBusyDeletingNeverLeavesAControlToTheOther) {
-  constexpr int kControls = 2000;
+  constexpr int kWorkers = 4;
+  constexpr int kControls = 5000;  // Of each worker.
   standalone::Runtime runtime;
   std::atomic<int> gone = 0;
   std::atomic<int> goneElsewhere = 0;
-  std::thread worker([&] {
-    for (int i = 0; i < kControls; ++i) Ref(new CountedNode(gone, goneElsewhere)).Reset();
-  });
-  while (gone < kControls) runtime.GetMainQueue().RunUntilEmpty();
-  worker.join();
+  std::vector<std::thread> workers;
+  for (int i = 0; i < kWorkers; ++i) {
+    workers.emplace_back([&] {
+      for (int j = 0; j < kControls; ++j) Ref(new CountedNode(gone, goneElsewhere)).Reset();
+    });
+  }
+  while (gone < kWorkers * kControls) runtime.GetMainQueue().RunUntilEmpty();
+  for (std::thread& worker : workers) worker.join();
   EXPECT_EQ(goneElsewhere.load(), 0);
 }
 

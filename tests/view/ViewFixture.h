@@ -21,12 +21,7 @@
 namespace Vantrel {
 
 using Calls = std::vector<std::string>;
-
-inline standalone::SequenceDraft MakeOneClip(std::string_view name) {
-  auto draft = drafts::MakeSequence(name);
-  drafts::AddClip(drafts::AddTrack(draft), name, 0, 10);
-  return draft;
-}
+using drafts::MakeOneClip;
 
 /// A view without a handler, in a room of a test's choice.
 class ViewFixture : public testing::Test {
