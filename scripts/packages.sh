@@ -46,7 +46,7 @@ build_preset() {
   fi
   build_status=$(mktemp)
   { cmake --build "$root/build/$preset" -j 2 ${1:+--target "$@"} 2>&1 && echo 0 > "$build_status" ||
-    echo 1 > "$build_status"; } | grep -v -e 'no work to do' -e 'Re-checking globbed' >&2 || :
+    echo 1 > "$build_status"; } | grep -v -e 'no work to do' -e 'Re-checking globbed' -e 'GLOB mismatch' >&2 || :
   status=$(cat "$build_status")
   rm -f "$build_status"
   return "$status"

@@ -51,10 +51,10 @@ DocumentDraft ReadDocument(const std::string& file) {
 fs::path ResolveOutput(const ExportArguments& arguments) {
   const std::string& output = arguments.output;
   if (output.empty()) throw CommandError("The name of the output is empty; give a file to write.");
-  if (output.find('\\') != std::string::npos) {
-    throw CommandError(output, 0, "A name with \"\\\" can't be written; give another one.");
-  }
   const fs::path path = fs::absolute(output);
+  if (path.native().find('\\') != std::string::npos) {
+    throw CommandError(path.native(), 0, "A name with \"\\\" can't be written; give another one.");
+  }
   std::error_code ignored;
   if (!path.has_filename() || fs::is_directory(path, ignored)) {
     throw CommandError(output, 0, "This is a folder; give a file to write.");

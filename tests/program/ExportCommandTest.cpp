@@ -170,6 +170,17 @@ TEST(Export, AnOutputThatCannotBeWrittenIsOneLineAndLeavesNothing) {
   EXPECT_TRUE(fs::is_empty(folder.GetPath()));
 }
 
+TEST(Export, AFolderWithABackslashInItsNameIsRefusedToo) {
+  const Folder folder;
+  const fs::path odd = folder / "odd\\folder";
+  fs::create_directory(odd);
+  const fs::path before = fs::current_path();
+  fs::current_path(odd);
+  ExpectFailure(RunProgram({"export", kDemo, "-o", "out.csv"}), "", "\\");
+  fs::current_path(before);
+  EXPECT_TRUE(fs::is_empty(odd));
+}
+
 TEST(Export, TheTimelineItselfIsNeverOverwritten) {
   const Folder folder;
   const std::string file = (folder / "cut.otio").native();
