@@ -40,7 +40,8 @@ ColumnLayoutList& GetColumnLayoutStore() {
 }
 
 // By value: the row is held until its columns are laid out, whatever the calls into the host release.
-void ApplyColumnLayout(qelcore::Ref<HeaderRow> headerRow) {  // NOLINT(performance-unnecessary-value-param)
+void ApplyColumnLayout(
+    qelcore::Ref<HeaderRow> headerRow) {  // NOLINT(performance-unnecessary-value-param)
   HeaderRow& columns = qelcore::Required(headerRow);
   HideHierarchyColumn(columns);
   const ColumnLayoutList catalogue = GetColumnCatalogue();

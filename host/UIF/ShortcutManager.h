@@ -13,8 +13,7 @@ namespace UIF {
 /// A group of commands whose shortcuts apply together.
 class CommandContext {
  public:
-  CommandContext(std::string_view id, qelcore::UTF8String title)
-      : id(id), title(std::move(title)) {}
+  CommandContext(std::string_view id, qelcore::UTF8String title) : id(id), title(std::move(title)) {}
   const std::string& GetID() const noexcept { return id; }
   const qelcore::UTF8String& GetTitle() const noexcept { return title; }
 

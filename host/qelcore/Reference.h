@@ -33,10 +33,8 @@ class Ref {
   Ref(const Ref& other) noexcept : object(other.object) { Acquire(); }
   Ref(Ref&& other) noexcept : object(std::exchange(other.object, nullptr)) {}
   template <typename U>
-    requires std::is_convertible_v<U*, T*>
-  Ref(const Ref<U>& other) noexcept : object(other.Get()) {
-    Acquire();
-  }
+  requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other)
+  noexcept : object(other.Get()) { Acquire(); }
   ~Ref() {
     if (object != nullptr) object->Release();
   }

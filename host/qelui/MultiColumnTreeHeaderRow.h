@@ -46,8 +46,8 @@ class HOST_API UI_MultiColumnTreeHeaderRow : public ui::UI_SubView {
 
   /// Whether users may drag columns, and whether the first one takes part.
   void SetAllowColumnMovingByUser(bool isAllowed, bool includingFirstColumn);
-  /// What a drag by the user does: the column at the display index `from` goes to `to`, the ones between
-  /// make room. False, and nothing moves, when there is no such place or the user may not.
+  /// What a drag by the user does: the column at the display index `from` goes to `to`, the ones
+  /// between make room. False, and nothing moves, when there is no such place or the user may not.
   bool MoveColumnByUser(std::size_t from, std::size_t to);
   void ShowSortIndicator(bool isShown);
   bool IsSortIndicatorShown() const;
