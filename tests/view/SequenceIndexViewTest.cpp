@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "support/Process.h"
 #include "view/ViewFixture.h"
 
 namespace Vantrel {
@@ -58,12 +59,6 @@ TEST_F(View, TheReservedCommandsAreSwallowed) {
 
 class ViewExport : public ViewFixture {
  protected:
-  ViewExport() : folder(std::filesystem::path(testing::TempDir()) / "sequence-index-view") {
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
-  }
-  ~ViewExport() override { std::filesystem::remove_all(folder); }
-
   void ShowSequence() {
     view->SubscribeToStations();
     CreateContents();
@@ -88,7 +83,7 @@ class ViewExport : public ViewFixture {
     return calls.empty() ? "" : calls.front();
   }
 
-  const std::filesystem::path folder;
+  const process::Folder folder;
 };
 
 TEST_F(ViewExport, WithoutATableIsNotHandledAndAsksNothing) {
@@ -143,7 +138,7 @@ TEST_F(ViewExport, TheExtensionIsAppendedAsItStands) {
 TEST_F(ViewExport, AWrittenFileIsHandledAndLandsInTheFolder) {
   ShowSequence();
   answers.exportAnswer = [&](standalone::ExportChoice& choice) {
-    choice.folder = qelcore::UTF8String(folder.native());
+    choice.folder = qelcore::UTF8String(folder.GetPath().native());
     choice.extension = qelcore::UTF8String(".csv");
     return true;
   };
@@ -170,7 +165,7 @@ TEST_F(ViewExport, SurvivesAPanelThatIsClosedWhileTheDialogIsOpen) {
   SequenceIndexView& closed = *view;
   answers.exportAnswer = [&](standalone::ExportChoice& choice) {
     view.reset();
-    choice.folder = qelcore::UTF8String(folder.native());
+    choice.folder = qelcore::UTF8String(folder.GetPath().native());
     return true;
   };
   EXPECT_TRUE(closed.ObeyCommand(UIF::Command(36003)));
