@@ -39,7 +39,8 @@ class OpenStation {
 bool HaveSameFacts(const SequenceContent& left, const SequenceContent& right) {
   return left.name == right.name && left.zeroPoint == right.zeroPoint &&
          left.videoFrameDuration == right.videoFrameDuration &&
-         left.audioFrameDuration == right.audioFrameDuration && left.isDropFrame == right.isDropFrame;
+         left.audioFrameDuration == right.audioFrameDuration && left.isDropFrame == right.isDropFrame &&
+         left.timeDisplay == right.timeDisplay;
 }
 
 bool HaveSameTracks(const SequenceContent& left, const SequenceContent& right) {

@@ -46,6 +46,8 @@ class SequenceContent {
   qelmediatypes::TickTime videoFrameDuration;
   qelmediatypes::TickTime audioFrameDuration;
   bool isDropFrame = false;
+  /// How the file wants times to be written (SequenceDraft::timeDisplay); empty: it does not say.
+  qelcore::UTF8String timeDisplay;
 
   mutable TrackGroupNode videoGroup;
   mutable TrackGroupNode audioGroup;

@@ -198,6 +198,9 @@ TEST_F(ProjectModelTest, AChangedNameStartOrFormatIsAnnouncedOnTheProjectsStatio
   draft.isDropFrame = true;
   project->ReplaceSequence(sequence, draft);
   EXPECT_EQ(TakeNotes(), (Notes{"content: changed B", "project: changed B"}));
+  draft.timeDisplay = "frames";
+  project->ReplaceSequence(sequence, draft);
+  EXPECT_EQ(TakeNotes(), (Notes{"content: changed B", "project: changed B"}));
 }
 
 TEST_F(ProjectModelTest, AddedTracksAreAnnouncedOnTheTrackGroupStation) {
