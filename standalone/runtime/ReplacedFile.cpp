@@ -96,8 +96,8 @@ void ReplacedFile::Commit() {
 
 void ReplacedFile::Open(bool failIfExists) {
   if (path.empty()) Fail(ENOENT);
-  if (path.find('\0') != std::string::npos)
-    Fail(EINVAL);  // The system would take what stands before it.
+  // The system would take what stands before a zero byte for the whole path.
+  if (path.find('\0') != std::string::npos) Fail(EINVAL);
   struct stat old {};
   const bool exists = stat(path.c_str(), &old) == 0;
   if (!exists && errno != ENOENT) Fail(errno);

@@ -1,8 +1,7 @@
 #include "host/HSL/Module.h"
-#include "host/qelcore/Localizer.h"
 #include "module/LoadCalls.h"
 #include "standalone/framework/Framework.h"
-#include "support/LocalizedKeys.h"
+#include "support/LocalizerHostCalls.h"
 #include "support/PanelHostCalls.h"
 
 namespace hostcalls {
@@ -14,18 +13,6 @@ std::vector<std::string>& GetLoadCalls() {
 }
 
 }  // namespace hostcalls
-
-namespace qelcore::config {
-
-UTF8String Localizer::Localize(std::string_view key) const {
-  hostcalls::LocalizedKeys::Get().Add(key);
-  using Function = UTF8String (*)(const Localizer*, std::string_view);
-  static const auto real = Real<Function>(
-      "_ZNK7qelcore6config9Localizer8LocalizeESt17basic_string_viewIcSt11char_traitsIcEE");
-  return real(this, key);
-}
-
-}  // namespace qelcore::config
 
 namespace HSL {
 

@@ -8,14 +8,13 @@
 #include "host/BE/VisitSequence.h"
 #include "host/qelcore/Files.h"
 #include "host/qelcore/Future.h"
-#include "host/qelcore/Localizer.h"
 #include "host/qelcore/Messaging.h"
 #include "host/qelcore/Threads.h"
 #include "host/qelui/Menu.h"
 #include "host/qelui/MultiColumnTree.h"
 #include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "support/HostFaults.h"
-#include "support/LocalizedKeys.h"
+#include "support/LocalizerHostCalls.h"
 #include "table/ScheduleWatch.h"
 
 using hostcalls::Called;
@@ -119,18 +118,6 @@ Future<void> AsyncWithExecutorAndContinuationExecutorAndDelay(
 }
 
 }  // namespace qelcore::async
-
-namespace qelcore::config {
-
-UTF8String Localizer::Localize(std::string_view key) const {
-  hostcalls::LocalizedKeys::Get().Add(key);
-  using Function = UTF8String (*)(const Localizer*, std::string_view);
-  static const auto real = Real<Function>(
-      "_ZNK7qelcore6config9Localizer8LocalizeESt17basic_string_viewIcSt11char_traitsIcEE");
-  return real(this, key);
-}
-
-}  // namespace qelcore::config
 
 namespace qelcore::messaging {
 
