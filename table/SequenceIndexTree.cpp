@@ -29,9 +29,13 @@ SequenceIndexTree::SequenceIndexTree(std::weak_ptr<qelcore::messaging::Listener>
           qelcore::threads::GetCPUBoundExecutor(), kConcurrentBuilds)) {
   SetWantsKeyboardFocus(kWantsKeyboardFocus);
   SetUpHeaderRow();
+  SetUpDrawing();
 }
 
-SequenceIndexTree::~SequenceIndexTree() = default;
+// Whoever still holds a callback must not reach a tree that is gone.
+SequenceIndexTree::~SequenceIndexTree() {
+  SetDrawCellOfRowCallback(nullptr);
+}
 
 void SequenceIndexTree::SetUpHeaderRow() {
   SetSupportMultipleSelections(kIsSelectingSeveralRows);

@@ -14,6 +14,8 @@
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/Threads.h"
 #include "host/qelcore/UTF8String.h"
+#include "host/qelui/Drawbot.h"
+#include "host/qelui/Geometry.h"
 #include "host/qelui/MultiColumnTree.h"
 #include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "table/OwnStation.h"
@@ -73,6 +75,9 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   using SharedItemDataList = std::shared_ptr<TrackItemDataList>;
 
   void SetUpHeaderRow();
+  void SetUpDrawing();
+  void DrawCell(qelui::Drawbot& drawbot, Row* row, std::size_t displayIndex,
+                const qelui::Rect& cell) const;
 
   void BuildNextItemDataLists();
   SharedItemDataList CollectRawList();

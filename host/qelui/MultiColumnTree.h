@@ -1,11 +1,17 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "host/HostAPI.h"
 #include "host/qelcore/Reference.h"
+#include "host/qelcore/UTF8String.h"
+#include "host/qelui/Drawbot.h"
+#include "host/qelui/Geometry.h"
 #include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "host/qelui/Node.h"
 
@@ -20,6 +26,16 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
  public:
   using Row = UI_MultiColumnTreeRow;
 
+  /// Draws the cell of a row in the column at a display index; the rectangle is the cell's, in pixels
+  /// of the tree.
+  using DrawCellFunction =
+      std::function<void(Drawbot& drawbot, Row* row, std::size_t displayIndex, const Rect& cell)>;
+  using SharedDrawCellFunction = std::shared_ptr<const DrawCellFunction>;
+
+  /// How DrawCellString places a text.
+  static constexpr std::uint32_t kAlignLeft = 0;
+  static constexpr std::uint32_t kCutAtEnd = 2;
+
   /// `style` is the toolkit's style mask (0: plain). `rowHeight` is the height of a row in pixels.
   UI_MultiColumnTree(unsigned style, float rowHeight);
   ~UI_MultiColumnTree() override;
@@ -30,6 +46,25 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
   /// Attaches a header row, replacing the one before; may be empty.
   void SetHeaderRow(const qelcore::Ref<UI_MultiColumnTreeHeaderRow>& headerRow);
   qelcore::Ref<UI_MultiColumnTreeHeaderRow> GetHeaderRow() const;
+
+  /// Registers who draws cells, in place of the one before; null: nobody.
+  void SetDrawCellOfRowCallback(SharedDrawCellFunction callback);
+  /// How the host has a cell drawn: calls the callback, if there is one, and lets pass what it throws.
+  void DrawCellOfRow(Drawbot& drawbot, Row* row, std::size_t displayIndex, const Rect& cell) const;
+
+  /// Draws a text into a cell: left-aligned behind the inset and cut at the cell's right edge. An empty
+  /// text draws nothing.
+  /// @param centre pixels from the cell's top to the middle of the line
+  /// @param leftInset pixels
+  /// @param ellipsis stands where the text is cut; empty: the toolkit's own
+  /// @param alignment kAlignLeft, the only one there is
+  /// @param overflow kCutAtEnd, the only one there is
+  static void DrawCellString(Drawbot& drawbot, const Rect& cell, const qelcore::UTF8String& text,
+                             const ColorRGBA& color, float centre, float leftInset,
+                             const qelcore::UTF8String& fontName, std::u16string_view ellipsis,
+                             std::uint32_t alignment, std::uint32_t overflow);
+  /// What the toolkit leaves free before the text of a cell, in pixels.
+  static float GetCellTextLeftInset();
 
   std::size_t CountRows() const;
   /// The row at a position, or null. Constant time.

@@ -24,7 +24,8 @@ void ReadFormat(JsonValue timeline, const OtioSequenceRate& rates, SequenceDraft
   sequence.videoRate = rates.video.ToFrameRate();
   sequence.audioRate = rates.audio.ToFrameRate();
   sequence.isDropFrame = index[JsonKey::kDropFrame].GetBool().value_or(IsDropFrameRate(rates.video));
-  sequence.timeDisplay = index[JsonKey::kTimeDisplay].GetString();
+  sequence.timeFormat =
+      FindTimeFormat(index[JsonKey::kTimeDisplay].GetText()).value_or(TimeFormat::kTimecode);
 }
 
 TickTime ReadZeroPoint(JsonValue timeline, OtioImport& import, std::string_view name) {

@@ -38,8 +38,12 @@ class STANDALONE_API ImportError : public std::runtime_error {
 
 struct ImportResult {
   DocumentDraft document;
-  /// In the order of the file.
+  /// Trouble with single items, in the order of the file.
   std::vector<ImportNote> notes;
+  /// What the file holds that the index can't show ("Not shown: …"), and what was assumed because the
+  /// file does not say it ("Assumed: …"), in the order of the file. Things that come by the thousand
+  /// are one line with the place of the first and their number.
+  std::vector<ImportNote> report;
 };
 
 /// How a long read is followed and stopped. Both functions are optional, are called on the reading

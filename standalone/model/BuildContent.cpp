@@ -24,7 +24,7 @@ qelcore::Ref<SequenceContent> BuildContent(const SequenceDraft& draft,
   content->videoFrameDuration = FrameDurationOr(draft.videoRate, kDefaultPictureRate);
   content->audioFrameDuration = FrameDurationOr(draft.audioRate, kDefaultSampleRate);
   content->isDropFrame = draft.isDropFrame;
-  content->timeDisplay = texts.Share(draft.timeDisplay);
+  content->timeFormat = draft.timeFormat;
   TrackBuilder tracks(*content, texts);
   for (const TrackDraft& track : draft.tracks) tracks.Build(track);
   return content;

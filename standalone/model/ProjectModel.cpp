@@ -40,7 +40,7 @@ bool HaveSameFacts(const SequenceContent& left, const SequenceContent& right) {
   return left.name == right.name && left.zeroPoint == right.zeroPoint &&
          left.videoFrameDuration == right.videoFrameDuration &&
          left.audioFrameDuration == right.audioFrameDuration && left.isDropFrame == right.isDropFrame &&
-         left.timeDisplay == right.timeDisplay;
+         left.timeFormat == right.timeFormat;
 }
 
 bool HaveSameTracks(const SequenceContent& left, const SequenceContent& right) {

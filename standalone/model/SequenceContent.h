@@ -18,6 +18,7 @@
 #include "standalone/model/ProjectNode.h"
 #include "standalone/model/SequenceDraft.h"
 #include "standalone/model/TextPool.h"
+#include "standalone/model/TimeFormat.h"
 #include "standalone/model/TrackNodes.h"
 #include "standalone/model/TransitionNode.h"
 
@@ -46,8 +47,7 @@ class SequenceContent {
   qelmediatypes::TickTime videoFrameDuration;
   qelmediatypes::TickTime audioFrameDuration;
   bool isDropFrame = false;
-  /// How the file wants times to be written (SequenceDraft::timeDisplay); empty: it does not say.
-  qelcore::UTF8String timeDisplay;
+  TimeFormat timeFormat = TimeFormat::kTimecode;
 
   mutable TrackGroupNode videoGroup;
   mutable TrackGroupNode audioGroup;

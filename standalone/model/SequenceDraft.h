@@ -9,7 +9,7 @@
 #include "host/ZSL/Color.h"
 #include "host/qelmediatypes/FrameRate.h"
 #include "host/qelmediatypes/TickTime.h"
-#include "host/qelmediatypes/TimeDisplay.h"
+#include "standalone/model/TimeFormat.h"
 
 /// What an importer, or a test, hands to the model to be published: plain values that name everything
 /// the index shows. Texts are UTF-8; an empty text means "not known" or "none".
@@ -109,8 +109,8 @@ struct SequenceDraft {
   qelmediatypes::FrameRate videoRate;
   qelmediatypes::FrameRate audioRate;
   bool isDropFrame = false;
-  /// How times are to be written, as the file says it ("timecode", "frames", …); empty: not said.
-  std::string timeDisplay;
+  /// How times are to be written.
+  TimeFormat timeFormat = TimeFormat::kTimecode;
   /// Within each kind from the lowest track.
   std::vector<TrackDraft> tracks;
 };

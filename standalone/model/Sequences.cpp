@@ -11,6 +11,26 @@ using qelcore::Ref;
 using qelmediatypes::TimeDisplay;
 
 constexpr std::uint32_t kAlignToPictureFrames = 0;
+constexpr std::uint32_t kAlignToAudioSamples = 1;
+
+/// Times that are finer than pictures are counted in samples.
+bool CountsSamples(standalone::TimeFormat format) {
+  return format == standalone::TimeFormat::kAudioSamples ||
+         format == standalone::TimeFormat::kMilliseconds;
+}
+
+TimeDisplay::Count GetPictureCount(const standalone::SequenceContent& content) {
+  switch (content.timeFormat) {
+    case standalone::TimeFormat::kFrames:
+      return TimeDisplay::Count::kFrames;
+    case standalone::TimeFormat::kFeetAndFrames16mm:
+      return TimeDisplay::Count::kFeetAndFrames16mm;
+    case standalone::TimeFormat::kFeetAndFrames35mm:
+      return TimeDisplay::Count::kFeetAndFrames35mm;
+    default:
+      return content.isDropFrame ? TimeDisplay::Count::kDropFrame : TimeDisplay::Count::kNonDropFrame;
+  }
+}
 
 }  // namespace
 
@@ -39,8 +59,9 @@ Ref<BE::IProject> GetSequenceParentProject(const Ref<BE::ISequence>& sequence,
 
 namespace SequenceActions {
 
-std::uint32_t GetFrameAlignment(const Ref<BE::ISequence>& /*sequence*/) {
-  return kAlignToPictureFrames;
+std::uint32_t GetFrameAlignment(const Ref<BE::ISequence>& sequence) {
+  const auto content = standalone::FindContent(sequence);
+  return content && CountsSamples(content->timeFormat) ? kAlignToAudioSamples : kAlignToPictureFrames;
 }
 
 }  // namespace SequenceActions
@@ -50,12 +71,17 @@ namespace SequencePlayback {
 TimeDisplay GetVideoTimeDisplayFormat(const Ref<BE::ISequence>& sequence, int /*isForDisplay*/) {
   TimeDisplay display;
   const auto content = standalone::FindContent(sequence);
-  if (content && content->isDropFrame) display.count = TimeDisplay::Count::kDropFrame;
+  if (content) display.count = GetPictureCount(*content);
   return display;
 }
 
-TimeDisplay GetAudioTimeDisplayFormat(const Ref<BE::ISequence>& /*sequence*/) {
-  return {};
+TimeDisplay GetAudioTimeDisplayFormat(const Ref<BE::ISequence>& sequence) {
+  TimeDisplay display;
+  const auto content = standalone::FindContent(sequence);
+  const bool isInMilliseconds = content && content->timeFormat == standalone::TimeFormat::kMilliseconds;
+  display.count =
+      isInMilliseconds ? TimeDisplay::Count::kMilliseconds : TimeDisplay::Count::kAudioSamples;
+  return display;
 }
 
 }  // namespace SequencePlayback

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include "standalone/runtime/Runtime.h"
 #include "standalone/toolkit/RowLayout.h"
@@ -14,6 +15,7 @@ using standalone::AssertMainThread;
 namespace {
 /// Pixels that a header row takes from the top of the control.
 constexpr std::int64_t kHeaderHeight = 20;
+constexpr float kCellTextLeftInset = 6;
 }  // namespace
 
 class UI_MultiColumnTree::State {
@@ -43,6 +45,7 @@ class UI_MultiColumnTree::State {
   standalone::RowStore rows;
   standalone::RowLayout layout;
   qelcore::Ref<UI_MultiColumnTreeHeaderRow> headerRow;
+  SharedDrawCellFunction drawCell;
   /// Wanted; what there is to scroll may have become less since.
   std::int64_t scrollPosition = 0;
   bool wantsKeyboardFocus = false;
@@ -72,6 +75,35 @@ void UI_MultiColumnTree::SetHeaderRow(const qelcore::Ref<UI_MultiColumnTreeHeade
 qelcore::Ref<UI_MultiColumnTreeHeaderRow> UI_MultiColumnTree::GetHeaderRow() const {
   AssertMainThread("UI_MultiColumnTree::GetHeaderRow");
   return state->headerRow;
+}
+
+void UI_MultiColumnTree::SetDrawCellOfRowCallback(SharedDrawCellFunction callback) {
+  AssertMainThread("UI_MultiColumnTree::SetDrawCellOfRowCallback");
+  state->drawCell = std::move(callback);
+}
+
+void UI_MultiColumnTree::DrawCellOfRow(Drawbot& drawbot, Row* row, std::size_t displayIndex,
+                                       const Rect& cell) const {
+  AssertMainThread("UI_MultiColumnTree::DrawCellOfRow");
+  // Held, in case the callback registers another one.
+  const SharedDrawCellFunction drawCell = state->drawCell;
+  if (drawCell && *drawCell) (*drawCell)(drawbot, row, displayIndex, cell);
+}
+
+void UI_MultiColumnTree::DrawCellString(Drawbot& drawbot, const Rect& cell,
+                                        const qelcore::UTF8String& text, const ColorRGBA& color,
+                                        float centre, float leftInset,
+                                        const qelcore::UTF8String& fontName,
+                                        std::u16string_view ellipsis, std::uint32_t, std::uint32_t) {
+  AssertMainThread("UI_MultiColumnTree::DrawCellString");
+  if (text.Empty()) return;
+  const Rect room{cell.left + leftInset, cell.top, std::max(cell.width - leftInset, 0.0F), cell.height};
+  drawbot.DrawTextLine({text, room, cell.top + centre, color, fontName, ellipsis});
+}
+
+float UI_MultiColumnTree::GetCellTextLeftInset() {
+  AssertMainThread("UI_MultiColumnTree::GetCellTextLeftInset");
+  return kCellTextLeftInset;
 }
 
 std::size_t UI_MultiColumnTree::CountRows() const {

@@ -141,7 +141,7 @@ TEST(Sequences, OurKeysOfTimelineAndTrackAreRead) {
   EXPECT_EQ(sequence.videoRate.GetFrameDuration().GetTicks(), draft::k2997);
   EXPECT_EQ(sequence.audioRate.GetFrameDuration().GetTicks(), 2646000);
   EXPECT_FALSE(sequence.isDropFrame);
-  EXPECT_EQ(sequence.timeDisplay, "feet+frames 35mm");
+  EXPECT_EQ(sequence.timeFormat, TimeFormat::kFeetAndFrames35mm);
   EXPECT_TRUE(sequence.tracks.at(0).isMuted);
   EXPECT_TRUE(sequence.tracks.at(0).isLocked);
   EXPECT_FALSE(sequence.tracks.at(0).isDisabled);

@@ -198,7 +198,7 @@ TEST_F(ProjectModelTest, AChangedNameStartOrFormatIsAnnouncedOnTheProjectsStatio
   draft.isDropFrame = true;
   project->ReplaceSequence(sequence, draft);
   EXPECT_EQ(TakeNotes(), (Notes{"content: changed B", "project: changed B"}));
-  draft.timeDisplay = "frames";
+  draft.timeFormat = standalone::TimeFormat::kFrames;
   project->ReplaceSequence(sequence, draft);
   EXPECT_EQ(TakeNotes(), (Notes{"content: changed B", "project: changed B"}));
 }

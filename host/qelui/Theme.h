@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "host/HostAPI.h"
+#include "host/qelcore/UTF8String.h"
+#include "host/qelui/Geometry.h"
+
+namespace qelui::ui {
+
+/// The colours of the user interface. Never changes; another theme is another provider.
+class HOST_API ThemeProvider {
+ public:
+  virtual ~ThemeProvider();
+  /// Of plain text on the background of a panel. [any-thread]
+  virtual ColorRGBA GetTextColor() const = 0;
+
+ protected:
+  ThemeProvider();
+};
+
+/// The theme that the user chose, never null. [main-thread]
+HOST_API std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider();
+
+/// The name of a font of the user interface; 0 is that of plain text. Empty for a number that names
+/// none. [main-thread]
+HOST_API qelcore::UTF8String GetFontName(std::uint32_t number);
+
+}  // namespace qelui::ui
+
+namespace qelui::skins::utilities {
+
+/// [any-thread]
+HOST_API ColorRGBA GetDefaultTextColor(const ui::ThemeProvider& theme);
+
+}  // namespace qelui::skins::utilities

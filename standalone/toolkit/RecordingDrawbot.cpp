@@ -1,0 +1,27 @@
+#include "standalone/toolkit/RecordingDrawbot.h"
+
+namespace qelui {
+
+Drawbot::Drawbot() = default;
+Drawbot::~Drawbot() = default;
+
+}  // namespace qelui
+
+namespace standalone {
+
+void RecordingDrawbot::Clear() noexcept {
+  textLines.clear();
+  fills.clear();
+}
+
+void RecordingDrawbot::FillRect(const qelui::Rect& area, const qelui::ColorRGBA& color) {
+  fills.push_back({area, color});
+}
+
+void RecordingDrawbot::DrawTextLine(const qelui::TextLine& line) {
+  // The ellipsis is lent for the call only.
+  textLines.push_back(line);
+  textLines.back().ellipsis = {};
+}
+
+}  // namespace standalone

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <vector>
+
+#include "host/qelui/Drawbot.h"
+#include "standalone/runtime/StandaloneAPI.h"
+
+namespace standalone {
+
+/// Keeps what is drawn instead of drawing it, for whoever wants a cell's text and colours rather than
+/// its pixels. [main-thread]
+class STANDALONE_API RecordingDrawbot final : public qelui::Drawbot {
+ public:
+  struct Fill {
+    qelui::Rect area;
+    qelui::ColorRGBA color;
+  };
+
+  /// In the order drawn, since the last Clear. A line's ellipsis is not kept.
+  const std::vector<qelui::TextLine>& GetTextLines() const noexcept { return textLines; }
+  const std::vector<Fill>& GetFills() const noexcept { return fills; }
+  /// Forgets what was drawn, keeping the room for as much.
+  void Clear() noexcept;
+
+  void FillRect(const qelui::Rect& area, const qelui::ColorRGBA& color) override;
+  void DrawTextLine(const qelui::TextLine& line) override;
+
+ private:
+  std::vector<qelui::TextLine> textLines;
+  std::vector<Fill> fills;
+};
+
+}  // namespace standalone
