@@ -32,10 +32,7 @@ SequenceIndexTree::SequenceIndexTree(std::weak_ptr<qelcore::messaging::Listener>
   SetUpDrawing();
 }
 
-// Whoever still holds a callback must not reach a tree that is gone.
-SequenceIndexTree::~SequenceIndexTree() {
-  SetDrawCellOfRowCallback(nullptr);
-}
+SequenceIndexTree::~SequenceIndexTree() = default;
 
 void SequenceIndexTree::SetUpHeaderRow() {
   SetSupportMultipleSelections(kIsSelectingSeveralRows);

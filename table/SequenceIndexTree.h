@@ -34,7 +34,10 @@ namespace Vantrel {
 /// The current lists change on the main thread only, so readers there need no lock. Lock order: the
 /// data mutex before any lock of the host's; no broadcast and no dialog under it.
 ///
-/// Pending work holds the tree weakly: once the tree is gone it does nothing.
+/// Cells are drawn when the host asks, from the current filtered list.
+///
+/// Pending work, and the function that the tree registers for drawing, hold the tree weakly: once the
+/// tree is gone they do nothing.
 class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
  public:
   /// `owner` is the view that creates the tree; it is never kept alive. The other two are the table

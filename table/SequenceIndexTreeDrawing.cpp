@@ -1,9 +1,11 @@
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
 #include "data/CellText.h"
 #include "data/ColumnIdentifiers.h"
 #include "host/BE/Utilities.h"
+#include "host/qelcore/CountedObject.h"
 #include "host/qelui/Theme.h"
 #include "table/SequenceIndexTree.h"
 
@@ -22,17 +24,18 @@ bool IsFlagged(const TrackItemRowData& row, ColumnID column) {
          (column == kColumnEndTime && row.endFlagged);
 }
 
-qelui::ColorRGBA GetTextColor(const TrackItemRowData& row, ColumnID column) {
-  if (IsFlagged(row, column)) return kShortGapColor;
+qelui::ColorRGBA GetPlainTextColor() {
   return qelui::skins::utilities::GetDefaultTextColor(*qelui::ui::GetDefaultThemeProvider());
 }
 
 }  // namespace
 
+// Weakly: the host may hold the function longer than the table, and the table holds it itself.
 void SequenceIndexTree::SetUpDrawing() {
   SetDrawCellOfRowCallback(std::make_shared<const DrawCellFunction>(
-      [this](qelui::Drawbot& drawbot, Row* row, std::size_t displayIndex, const qelui::Rect& cell) {
-        DrawCell(drawbot, row, displayIndex, cell);
+      [weakTree = qelcore::WeakRef<SequenceIndexTree>(this)](
+          qelui::Drawbot& drawbot, Row* row, std::size_t displayIndex, const qelui::Rect& cell) {
+        if (const auto tree = weakTree.Lock()) tree->DrawCell(drawbot, row, displayIndex, cell);
       }));
 }
 
@@ -41,17 +44,19 @@ void SequenceIndexTree::DrawCell(qelui::Drawbot& drawbot, Row* row, std::size_t 
   const auto headerRow = GetHeaderRow();
   const ColumnID column = qelcore::Required(headerRow).GetColumnAt(displayIndex);
   const std::size_t position = GetRowIndex(row);
-  // Rows are drawn between two lists only while the table is being filled.
+  // While the table is being filled anew, its old rows may stand over a shorter list.
   if (position >= currentFilteredList.size()) return;
   const TrackItemRowData& data = currentFilteredList[position];
+  const qelui::ColorRGBA plain = GetPlainTextColor();
+  const auto zeroPoint = BE::SequenceUtils::GetZeroPoint(data.sequence);
   if (column == kColumnLabelColor) {
     drawbot.FillRect(cell, data.labelColor);
     return;
   }
-  const auto zeroPoint = BE::SequenceUtils::GetZeroPoint(data.sequence);
-  DrawCellString(drawbot, cell, CellText(data, column, zeroPoint), GetTextColor(data, column),
-                 cell.height * kMiddle, GetCellTextLeftInset(), qelui::ui::GetFontName(kPlainTextFont),
-                 kDefaultEllipsis, kAlignLeft, kCutAtEnd);
+  DrawCellString(drawbot, cell, CellText(data, column, zeroPoint),
+                 IsFlagged(data, column) ? kShortGapColor : plain, cell.height * kMiddle,
+                 GetCellTextLeftInset(), qelui::ui::GetFontName(kPlainTextFont), kDefaultEllipsis,
+                 kAlignLeft, kCutAtEnd);
 }
 
 }  // namespace Vantrel

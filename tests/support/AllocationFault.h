@@ -3,7 +3,8 @@
 #include <cstddef>
 
 /// Makes allocations of at least `size` bytes fail on this thread as long as it lives. For programs
-/// that are linked with AllocationFault.cpp, whose operator new takes the place of the library's.
+/// of which one source includes AllocationFaultOperators.h, whose operator new takes the place of the
+/// library's.
 class AllocationFault {
  public:
   explicit AllocationFault(std::size_t size) noexcept;

@@ -13,6 +13,10 @@ inline bool headerRowsHaveNoColumns = false;
 /// While true, a menu toggles the check mark of the item that is chosen, which the host's own never do.
 inline bool menusToggleTheChosenItem = false;
 
+/// While true, the base of all views says of every mouse event that it handled it; the host's own
+/// handles none.
+inline bool viewsHandleEveryMouseEvent = false;
+
 /// While set, this is the active project, or none; the host's own has every interface and is always
 /// there.
 inline std::optional<qelcore::Ref<BE::IProject>> activeProjectInstead;

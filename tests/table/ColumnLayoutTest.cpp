@@ -110,6 +110,35 @@ TEST_F(ColumnLayout, AnEmptyHeaderRowRaisesTheNullPointerErrorWithItsTypeName) {
   } catch (const qelcore::config::null_pointer_exception& failure) {
     EXPECT_EQ(failure.GetObject(), "qelui::controls::UI_MultiColumnTreeHeaderRow");
   }
+  EXPECT_THROW(MakeTree()->ReapplyColumnLayout({}), qelcore::config::null_pointer_exception);
+}
+
+TEST_F(ColumnLayout, AFirstColumnIsHiddenWhateverItIs) {
+  const Ref row(new UI_MultiColumnTreeHeaderRow(nullptr));
+  row->AppendColumn(qelcore::UTF8String("Other"), 7);
+  row->SetAllowColumnMovingByUser(true, true);
+  ASSERT_TRUE(row->MoveColumnByUser(1, 0));
+  ApplyColumnLayout(row);
+  EXPECT_TRUE(row->GetColumnNameUTF8(7).Empty());
+  EXPECT_EQ(row->GetColumnWidth(7), 0);
+  EXPECT_EQ(row->GetColumnWidth(UI_MultiColumnTreeHeaderRow::kHierarchyColumnID), 100);
+}
+
+TEST_F(ColumnLayout, ADraggedColumnIsNotWrittenBackToTheStore) {
+  const auto tree = MakeTree();
+  tree->GetHeaderRow()->SetColumnWidth(kColumnClipName, 333);
+  ASSERT_TRUE(tree->GetHeaderRow()->MoveColumnByUser(3, 1));
+  EXPECT_EQ(GetShownColumns(*MakeTree()), kDefaultColumns);
+  EXPECT_EQ(MakeTree()->GetHeaderRow()->GetColumnWidth(kColumnClipName), 200);
+}
+
+TEST_F(ColumnLayout, UsersMoveColumnsButNoneToThePlaceOfTheHierarchyColumn) {
+  const auto tree = MakeTree();
+  EXPECT_FALSE(tree->GetHeaderRow()->MoveColumnByUser(3, 0));
+  EXPECT_FALSE(tree->GetHeaderRow()->MoveColumnByUser(0, 3));
+  EXPECT_EQ(tree->GetHeaderRow()->GetColumnAt(0), UI_MultiColumnTreeHeaderRow::kHierarchyColumnID);
+  EXPECT_TRUE(tree->GetHeaderRow()->MoveColumnByUser(3, 1));
+  EXPECT_EQ(GetShownColumns(*tree).front(), "Clip Name");
 }
 
 }  // namespace

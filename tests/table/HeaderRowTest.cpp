@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "host/qelui/Menu.h"
 #include "support/Drafts.h"
 #include "support/HostCalls.h"
 #include "support/HostFaults.h"
@@ -98,7 +100,34 @@ TEST_F(HeaderRow, ADismissedMenuChangesNothingAndIsHandled) {
   EXPECT_TRUE(PressMenuButton(*tree));
   EXPECT_EQ(answers.menuCount, 1);
   EXPECT_TRUE(recording.GetCalls({"SetColumnWidth", "RemoveColumn", "AppendColumn"}).empty());
+  EXPECT_EQ(recording.Count("UI_DoMouseEvent"), 0U) << "not handed to the base";
   EXPECT_EQ(tree->GetHeaderRow()->GetColumnWidth(kColumnClipName), 321);
+}
+
+TEST_F(HeaderRow, ADismissedMenuLeavesToTheStoreWhatHappenedToItMeanwhile) {
+  const auto tree = MakeTree();
+  answers.menuAnswer = [] {
+    GetColumnLayoutStore().front().shown = false;
+    return qelui::ui::kMenuDismissed;
+  };
+  PressMenuButton(*tree);
+  const ColumnLayoutList& store = GetColumnLayoutStore();
+  EXPECT_FALSE(store.front().shown);
+  EXPECT_TRUE(std::ranges::is_sorted(store, std::ranges::less(), &ColumnLayoutEntry::position));
+  EXPECT_EQ(GetShownColumns(*tree), kDefaultColumns);
+}
+
+TEST_F(HeaderRow, TheMarksAreThoseOfTheStoreNotOfThisHeader) {
+  const auto first = MakeTree();
+  const auto second = MakeTree();
+  Choose(*second, kColumnTrack);
+  ASSERT_EQ(GetShownColumns(*first), kDefaultColumns) << "not laid out anew by the other panel";
+  Choose(*first, kColumnTrack);
+  const auto track =
+      std::ranges::find(answers.menuItems, kColumnTrack, &standalone::MenuItem::commandID);
+  ASSERT_NE(track, answers.menuItems.end());
+  EXPECT_FALSE(track->isChecked) << "though this header still shows it";
+  EXPECT_EQ(GetShownColumns(*first), kDefaultColumns) << "so choosing it shows it";
 }
 
 TEST_F(HeaderRow, AChoiceIsHandledAndResetsWidthsAndOrderButNotTheStoredOnes) {
@@ -140,6 +169,25 @@ TEST_F(HeaderRow, OnlyASinglePressOfTheMenuButtonOpensTheMenu) {
     EXPECT_FALSE(tree->GetHeaderRow()->UI_DoMouseEvent(event)) << "the base handles none";
   }
   EXPECT_EQ(answers.menuCount, 0);
+}
+
+TEST_F(HeaderRow, TheBaseAnswersEveryOtherEvent) {
+  const auto tree = MakeTree();
+  const MouseEvent doubleClick(PointerAction::kPress, {}, MouseButton::kContextMenu, 2);
+  const hostcalls::Recording recording;
+  hostcalls::viewsHandleEveryMouseEvent = true;
+  EXPECT_TRUE(tree->GetHeaderRow()->UI_DoMouseEvent(doubleClick));
+  hostcalls::viewsHandleEveryMouseEvent = false;
+  EXPECT_FALSE(tree->GetHeaderRow()->UI_DoMouseEvent(doubleClick));
+  EXPECT_EQ(recording.Count("UI_DoMouseEvent"), 2U);
+  EXPECT_EQ(answers.menuCount, 0);
+}
+
+TEST_F(HeaderRow, TheMenuButtonIsTheToolkitsFourAndAPressItsActionOne) {
+  const auto tree = MakeTree();
+  EXPECT_TRUE(tree->GetHeaderRow()->UI_DoMouseEvent(
+      MouseEvent(static_cast<PointerAction>(1), {}, static_cast<MouseButton>(4), 1)));
+  EXPECT_EQ(answers.menuCount, 1);
 }
 
 TEST_F(HeaderRow, AClickOnAColumnReordersNoRows) {

@@ -154,6 +154,50 @@ TEST_F(Export, AColumnWithoutNameInTheHeaderTakesTheCataloguesThenANumber) {
   EXPECT_EQ(GetExportedText(), "Column 2,Track,Renamed\n,V1,A1\n");
 }
 
+TEST_F(Export, AColumnWithoutAnyNameIsNumberedByItsDisplayPlaceSkippedOnesIncluded) {
+  ShowSequence(MakeClips("A", 1));
+  ShowColumns({kColumnClipName});
+  const auto row = tree->GetHeaderRow();
+  row->AppendColumn(qelcore::UTF8String("hidden"), 1);
+  row->AppendColumn({}, 200000);
+  EXPECT_EQ(GetExportedText(), "Clip Name,Column 4\nA1,\n");
+  ASSERT_TRUE(row->MoveColumnByUser(3, 1));
+  EXPECT_EQ(GetExportedText(), "Column 2,Clip Name,\n,A1,\n") << "at its new place";
+}
+
+TEST_F(Export, AllColumnsMoveAndHideTheirHeadersAndCellsTogether) {
+  ShowSequence(MakeDetailedSequence());
+  for (auto& column : GetColumnLayoutStore()) column.shown = column.id != kColumnClipName;
+  ApplyColumnLayout(tree->GetHeaderRow());
+  const auto row = tree->GetHeaderRow();
+  const auto place = [&](ColumnID column) {
+    return static_cast<std::size_t>(row->GetIndexOfColumn(column));
+  };
+  ASSERT_TRUE(row->MoveColumnByUser(place(kColumnVideoInfo), 1));
+  ASSERT_TRUE(row->MoveColumnByUser(place(kColumnIndex), row->GetCountOfColumns() - 1));
+  EXPECT_EQ(GetExportedText(),
+            "Video Info,Label Color,Track,Start Time,Duration,Effects,Transitions,Offline Status,"
+            "Fonts Used,Fonts Missing,End Time,File Name,File Path,Source Clip Name,Proxy Media Path,"
+            "Proxy Status,Effects Missing,Multicam Camera,Frame Rate,Codec,Usage Count In Sequence,"
+            "Tape Name,Description,Comment,#\n"
+            "1920 x 1080 (1.0),FF0000,V1,01:00:00:00,00:00:02:00,Blur; Crop; ,[IN]: Dissolve; ,,,,"
+            "01:00:02:00,a.mov,/media/a.mov,source,,,,,25.00 fps,Codec X,1, tape ,only\rreturn,"
+            "\"two\nlines\",1\n"
+            ",FF,A3,01:00:01:00,00:00:02:00,,,,,,01:00:03:00,b.wav,/media/b.wav,"
+            "Gr\xC3\xB6\xC3\x9F"
+            "e,,,,,48000 Hz,,1,,,,2\n");
+}
+
+TEST_F(Export, IdentifiersBelowTheCataloguesAreEmptyFieldsButForTheTwoSkipped) {
+  ShowSequence(MakeClips("A", 1));
+  ShowColumns({});
+  const auto row = tree->GetHeaderRow();
+  for (const ColumnID column : {1U, 2U, 99999U, 100026U}) {
+    row->AppendColumn(qelcore::UTF8String(std::to_string(column)), column);
+  }
+  EXPECT_EQ(GetExportedText(), "2,99999,100026\n,,\n");
+}
+
 TEST_F(Export, TheHierarchyColumnsAreSkippedAndAnUnknownColumnIsAnEmptyField) {
   ShowSequence(MakeClips("A", 1));
   const auto row = tree->GetHeaderRow();

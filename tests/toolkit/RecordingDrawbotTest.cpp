@@ -1,0 +1,79 @@
+#include "standalone/toolkit/RecordingDrawbot.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using qelcore::UTF8String;
+using standalone::RecordingDrawbot;
+
+qelui::TextLine MakeLine(const char* text) {
+  qelui::TextLine line;
+  line.text = UTF8String(text);
+  line.room = {6, 20, 94, 30};
+  line.centre = 35;
+  line.color = {1, 0, 0, 1};
+  line.fontName = UTF8String("Sans");
+  return line;
+}
+
+TEST(RecordingDrawbotTest, BeginsEmpty) {
+  const RecordingDrawbot drawbot;
+  EXPECT_TRUE(drawbot.GetTextLines().empty());
+  EXPECT_TRUE(drawbot.GetFills().empty());
+}
+
+TEST(RecordingDrawbotTest, KeepsLinesInTheOrderDrawnWithAllTheySay) {
+  RecordingDrawbot drawbot;
+  drawbot.DrawTextLine(MakeLine("one"));
+  drawbot.DrawTextLine(MakeLine("two"));
+  ASSERT_EQ(drawbot.GetTextLines().size(), 2U);
+  EXPECT_EQ(drawbot.GetTextLines()[0].text, "one");
+  const qelui::TextLine& line = drawbot.GetTextLines()[1];
+  EXPECT_EQ(line.text, "two");
+  EXPECT_EQ(line.room, (qelui::Rect{6, 20, 94, 30}));
+  EXPECT_EQ(line.centre, 35);
+  EXPECT_EQ(line.color, (qelui::ColorRGBA{1, 0, 0, 1}));
+  EXPECT_EQ(line.fontName, "Sans");
+}
+
+TEST(RecordingDrawbotTest, KeepsFillsInTheOrderDrawn) {
+  RecordingDrawbot drawbot;
+  drawbot.FillRect({1, 2, 3, 4}, {1, 0, 0, 1});
+  drawbot.FillRect({5, 6, 7, 8}, {0, 0, 1, 0.5F});
+  ASSERT_EQ(drawbot.GetFills().size(), 2U);
+  EXPECT_EQ(drawbot.GetFills()[0].area, (qelui::Rect{1, 2, 3, 4}));
+  EXPECT_EQ(drawbot.GetFills()[1].color, (qelui::ColorRGBA{0, 0, 1, 0.5F}));
+  EXPECT_TRUE(drawbot.GetTextLines().empty());
+}
+
+TEST(RecordingDrawbotTest, KeepsNoEllipsisThatIsOnlyLent) {
+  RecordingDrawbot drawbot;
+  {
+    const std::u16string lent(u"...");
+    qelui::TextLine line = MakeLine("one");
+    line.ellipsis = lent;
+    drawbot.DrawTextLine(line);
+  }
+  EXPECT_TRUE(drawbot.GetTextLines().at(0).ellipsis.empty());
+}
+
+TEST(RecordingDrawbotTest, ForgetsWhenCleared) {
+  RecordingDrawbot drawbot;
+  drawbot.DrawTextLine(MakeLine("one"));
+  drawbot.FillRect({}, {});
+  drawbot.Clear();
+  EXPECT_TRUE(drawbot.GetTextLines().empty());
+  EXPECT_TRUE(drawbot.GetFills().empty());
+}
+
+TEST(RecordingDrawbotTest, ATextIsKeptByCountingNotByCopying) {
+  RecordingDrawbot drawbot;
+  const qelui::TextLine line = MakeLine("one");
+  drawbot.DrawTextLine(line);
+  EXPECT_TRUE(drawbot.GetTextLines().at(0).text.SharesBufferWith(line.text));
+}
+
+}  // namespace
