@@ -1,102 +1,83 @@
 #include "host/ZSL/Timecode.h"
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 #include "host/qelmediatypes/FrameRate.h"
+#include "standalone/services/BackwardText.h"
+#include "standalone/services/ClockText.h"
+#include "standalone/services/DropFrame.h"
 
 namespace ZSL {
 namespace {
 
 using qelmediatypes::FrameRate;
 using qelmediatypes::TickTime;
-using qelmediatypes::TimeDisplay;
+using standalone::BackwardText;
+using Count = qelmediatypes::TimeDisplay::Count;
 
-constexpr std::uint64_t kSecondsPerMinute = 60;
-constexpr std::uint64_t kMinutesPerHour = 60;
-constexpr std::uint64_t kDropCycleMinutes = 10;
-constexpr unsigned kLeastDigits = 2;
+constexpr std::uint64_t kMillisecondsPerSecond = 1000;
+constexpr TickTime kMillisecond{TickTime::kTicksPerSecond / 1000};
+constexpr std::uint64_t kFramesPerFoot16mm = 40;
+/// Of pictures four perforations high.
+constexpr std::uint64_t kFramesPerFoot35mm = 16;
 
-/// Frame numbers left out at the start of each minute but every tenth, so that counting at the nominal
-/// rate keeps pace with the clock; 0 where drop-frame counting is not defined.
-std::uint64_t CountDroppedNumbers(TickTime frameDuration, std::uint64_t nominalRate) {
-  constexpr std::uint64_t kLowestRate = 30;
-  constexpr std::uint64_t kDroppedAtLowestRate = 2;
-  if (nominalRate != 30 && nominalRate != 60 && nominalRate != 120) return 0;
-  const auto pulled = FrameRate::FromRational(static_cast<std::int64_t>(nominalRate) * 1000, 1001);
-  if (frameDuration != pulled.GetFrameDuration()) return 0;
-  return nominalRate / kLowestRate * kDroppedAtLowestRate;
+/// Whole units of the display, cut toward zero.
+std::int64_t CountUnits(TickTime time, TickTime frameDuration, Count count) {
+  if (count == Count::kMilliseconds) return time.ToFrame64(kMillisecond);
+  return FrameRate(frameDuration).IsKnown() ? time.ToFrame64(frameDuration) : 0;
 }
 
-/// The number that a frame carries when `dropped` numbers a minute are left out.
-std::uint64_t ToDropFrameNumber(std::uint64_t frame, std::uint64_t rate, std::uint64_t dropped) {
-  const std::uint64_t fullMinute = rate * kSecondsPerMinute;
-  const std::uint64_t shortMinute = fullMinute - dropped;
-  const std::uint64_t cycle = fullMinute + (kDropCycleMinutes - 1) * shortMinute;
-  const std::uint64_t inCycle = frame % cycle;
-  std::uint64_t shortMinutes = frame / cycle * (kDropCycleMinutes - 1);
-  if (inCycle >= fullMinute) shortMinutes += (inCycle - fullMinute) / shortMinute + 1;
-  return frame + dropped * shortMinutes;
+/// Frames longer than two seconds, and unknown ones, round to none a second; they count one.
+std::uint64_t GetUnitsPerSecond(TickTime frameDuration) {
+  const auto rate = static_cast<std::uint64_t>(FrameRate(frameDuration).GetNominalRate());
+  return std::max<std::uint64_t>(1, rate);
 }
 
-/// Writes a text from its end.
-class BackwardText {
- public:
-  void Put(char character) { characters[--begin] = character; }
-  void PutNumber(std::uint64_t number, unsigned leastDigits) {
-    for (unsigned digits = 0; digits < leastDigits || number != 0; ++digits) {
-      Put(static_cast<char>('0' + number % 10));
-      number /= 10;
-    }
-  }
-  std::string_view View() const {
-    return std::string_view(characters.data(), characters.size()).substr(begin);
-  }
+void PutFeetAndFrames(BackwardText& text, std::uint64_t frames, std::uint64_t framesPerFoot) {
+  text.PutNumber(frames % framesPerFoot, 2);
+  text.Put('+');
+  text.PutNumber(frames / framesPerFoot, 1);
+}
 
- private:
-  // A sign, three separators, and at most twenty digits each for hours and frames.
-  std::array<char, 64> characters;
-  std::size_t begin = characters.size();
-};
+void PutDropFrameTimecode(BackwardText& text, std::uint64_t frame, TickTime frameDuration) {
+  const std::uint64_t rate = GetUnitsPerSecond(frameDuration);
+  const std::uint64_t dropped = standalone::CountDroppedNumbers(frameDuration, rate);
+  const std::uint64_t number = standalone::ToDropFrameNumber(frame, rate, dropped);
+  standalone::PutClock(text, number, rate, dropped != 0 ? ';' : ':');
+}
 
-unsigned CountDigits(std::uint64_t number) {
-  unsigned digits = 1;
-  while (number >= 10) {
-    number /= 10;
-    ++digits;
+void PutUnits(BackwardText& text, std::uint64_t units, TickTime frameDuration, Count count) {
+  switch (count) {
+    case Count::kDropFrame:
+      return PutDropFrameTimecode(text, units, frameDuration);
+    case Count::kFeetAndFrames16mm:
+      return PutFeetAndFrames(text, units, kFramesPerFoot16mm);
+    case Count::kFeetAndFrames35mm:
+      return PutFeetAndFrames(text, units, kFramesPerFoot35mm);
+    case Count::kFrames:
+      return text.PutNumber(units, 1);
+    case Count::kMilliseconds:
+      return standalone::PutClock(text, units, kMillisecondsPerSecond, '.');
+    case Count::kNonDropFrame:
+    case Count::kAudioSamples:
+      break;
   }
-  return digits;
+  standalone::PutClock(text, units, GetUnitsPerSecond(frameDuration), ':');
 }
 
 }  // namespace
 
-Timecode::Timecode(TickTime time, TickTime frameDuration, TimeDisplay display) noexcept
+Timecode::Timecode(TickTime time, TickTime frameDuration, qelmediatypes::TimeDisplay display) noexcept
     : time(time), frameDuration(frameDuration), display(display) {}
 
 qelcore::UTF8String Timecode::GetStringUTF8() const {
-  const FrameRate frameRate(frameDuration);
-  const std::int64_t frame = frameRate.IsKnown() ? time.ToFrame64(frameDuration) : 0;
-  const auto magnitude = static_cast<std::uint64_t>(frame);
-  // Frames longer than two seconds round to no frame a second.
-  const auto rate = std::max<std::uint64_t>(1, static_cast<std::uint64_t>(frameRate.GetNominalRate()));
-  const std::uint64_t dropped =
-      display.count == TimeDisplay::Count::kDropFrame ? CountDroppedNumbers(frameDuration, rate) : 0;
-  const std::uint64_t number = ToDropFrameNumber(frame < 0 ? 0 - magnitude : magnitude, rate, dropped);
-
+  const std::int64_t units = CountUnits(time, frameDuration, display.count);
+  const auto magnitude = static_cast<std::uint64_t>(units);
   BackwardText text;
-  text.PutNumber(number % rate, std::max(kLeastDigits, CountDigits(rate - 1)));
-  text.Put(dropped != 0 ? ';' : ':');
-  const std::uint64_t seconds = number / rate;
-  text.PutNumber(seconds % kSecondsPerMinute, kLeastDigits);
-  text.Put(':');
-  const std::uint64_t minutes = seconds / kSecondsPerMinute;
-  text.PutNumber(minutes % kMinutesPerHour, kLeastDigits);
-  text.Put(':');
-  text.PutNumber(minutes / kMinutesPerHour, kLeastDigits);
-  if (frame < 0) text.Put('-');
+  // The lowest number has no positive twin in 64 bits with a sign.
+  PutUnits(text, units < 0 ? 0 - magnitude : magnitude, frameDuration, display.count);
+  if (units < 0) text.Put('-');
   return qelcore::UTF8String(text.View());
 }
 

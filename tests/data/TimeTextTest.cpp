@@ -2,30 +2,32 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
 #include "host/MZ/Sequences.h"
 #include "host/ZSL/Timecode.h"
 #include "support/CollectedRows.h"
 #include "support/Drafts.h"
+#include "support/HostCalls.h"
 
 namespace {
 
-/// What the host's edits snap to, for this program.
-std::uint32_t frameAlignment = 0;
-
-constexpr qelmediatypes::TimeDisplay kSoundDisplay{qelmediatypes::TimeDisplay::Count::kDropFrame};
+/// What the host's edits snap to, in place of the host's own answer.
+std::optional<std::uint32_t> frameAlignment;
 
 }  // namespace
 
-// These take the place of the host's answers, which never name audio samples.
 namespace MZ {
 
-std::uint32_t SequenceActions::GetFrameAlignment(const qelcore::Ref<BE::ISequence>& /*sequence*/) {
-  return frameAlignment;
-}
-
-qelmediatypes::TimeDisplay SequencePlayback::GetAudioTimeDisplayFormat(
-    const qelcore::Ref<BE::ISequence>& /*sequence*/) {
-  return kSoundDisplay;
+std::uint32_t SequenceActions::GetFrameAlignment(const qelcore::Ref<BE::ISequence>& sequence) {
+  if (frameAlignment) return *frameAlignment;
+  using Function = std::uint32_t (*)(const qelcore::Ref<BE::ISequence>&);
+  static const auto real = hostcalls::Real<Function>(
+      "_ZN2MZ15SequenceActions17GetFrameAlignmentERKN7qelcore3RefIN2BE9ISequenceEEE");
+  return real(sequence);
 }
 
 }  // namespace MZ
@@ -33,38 +35,71 @@ qelmediatypes::TimeDisplay SequencePlayback::GetAudioTimeDisplayFormat(
 namespace Vantrel {
 namespace {
 
-/// Frames of sound last 1001/30000 of a second here, so that the way they are counted shows.
+using qelmediatypes::FrameRate;
+using qelmediatypes::TickTime;
+using standalone::TimeFormat;
+
 class TimeTexts : public testing::Test {
  protected:
-  TimeTexts() {
-    auto draft = drafts::MakeSequence();
-    draft.audioRate = qelmediatypes::FrameRate::FromRational(30000, 1001);
-    sequence = host.Add(draft);
-    minute = qelmediatypes::TickTime(draft.audioRate.GetFrameDuration().GetTicks() * 1800);
+  ~TimeTexts() override { frameAlignment.reset(); }
+
+  std::string Text(standalone::SequenceDraft draft, TickTime time) {
+    return std::string(TimeText(host.Add(std::move(draft)), time).View());
   }
-  ~TimeTexts() override { frameAlignment = 0; }
+  /// At 29.97 pictures a second, counted drop-frame, and 44100 samples.
+  std::string Text(TimeFormat format, TickTime time) {
+    auto draft = drafts::MakeSequence();
+    draft.videoRate = FrameRate::FromRational(30000, 1001);
+    draft.audioRate = FrameRate::FromRational(44100, 1);
+    draft.isDropFrame = true;
+    draft.timeFormat = format;
+    return Text(std::move(draft), time);
+  }
 
   rows::Host host;
-  qelcore::Ref<BE::ISequence> sequence;
-  qelmediatypes::TickTime minute;
 };
 
-TEST_F(TimeTexts, EditsThatSnapToFramesCountInFramesOfPicture) {
-  EXPECT_EQ(TimeText(sequence, minute), "00:01:00:01");
+TEST_F(TimeTexts, EachFormatOfASequenceHasItsText) {
+  const TickTime picture = FrameRate::FromRational(30000, 1001).GetFrameDuration();
+  const TickTime time(1805 * picture.GetTicks());
+  EXPECT_EQ(Text(TimeFormat::kTimecode, time), "00:01:00;07");
+  EXPECT_EQ(Text(TimeFormat::kFrames, time), "1805");
+  EXPECT_EQ(Text(TimeFormat::kFeetAndFrames16mm, time), "45+05");
+  EXPECT_EQ(Text(TimeFormat::kFeetAndFrames35mm, time), "112+13");
+  // 1805 pictures last 60.226833… seconds.
+  EXPECT_EQ(Text(TimeFormat::kAudioSamples, time), "00:01:00:10003");
+  EXPECT_EQ(Text(TimeFormat::kMilliseconds, time), "00:01:00.226");
 }
 
-TEST_F(TimeTexts, EditsThatSnapToSamplesCountInFramesOfSound) {
+TEST_F(TimeTexts, EachFormatOfASequenceHasNegativeTimes) {
+  const TickTime time(-TickTime::kTicksPerSecond * 3 / 2);
+  EXPECT_EQ(Text(TimeFormat::kTimecode, time), "-00:00:01;14");
+  EXPECT_EQ(Text(TimeFormat::kFrames, time), "-44");
+  EXPECT_EQ(Text(TimeFormat::kFeetAndFrames16mm, time), "-1+04");
+  EXPECT_EQ(Text(TimeFormat::kFeetAndFrames35mm, time), "-2+12");
+  EXPECT_EQ(Text(TimeFormat::kAudioSamples, time), "-00:00:01:22050");
+  EXPECT_EQ(Text(TimeFormat::kMilliseconds, time), "-00:00:01.500");
+}
+
+TEST_F(TimeTexts, EditsThatSnapToFramesCountInFramesOfPicture) {
+  auto draft = drafts::MakeSequence();
+  draft.timeFormat = TimeFormat::kAudioSamples;
+  frameAlignment = 0;
+  EXPECT_EQ(Text(draft, drafts::Frame(26)), "00:00:01:01");
+}
+
+TEST_F(TimeTexts, EditsThatSnapToAnythingElseCountInFramesOfSound) {
   for (const std::uint32_t alignment : {1U, 2U, 0xFFFFFFFFU}) {
     frameAlignment = alignment;
-    EXPECT_EQ(TimeText(sequence, minute), "00:01:00;02") << alignment;
+    EXPECT_EQ(Text(drafts::MakeSequence(), drafts::Frame(26)), "00:00:01:01920") << alignment;
   }
 }
 
 TEST_F(TimeTexts, WithoutSequenceTheAlignmentIsNotAsked) {
   frameAlignment = 1;
-  const auto wanted =
-      ZSL::Timecode(minute, qelmediatypes::TickTime(9223372036854775807), qelmediatypes::TimeDisplay())
-          .GetStringUTF8();
+  const TickTime minute = drafts::Frame(1500);
+  const auto wanted = ZSL::Timecode(minute, TickTime(9223372036854775807), qelmediatypes::TimeDisplay())
+                          .GetStringUTF8();
   EXPECT_EQ(TimeText({}, minute), wanted);
 }
 

@@ -201,19 +201,6 @@ TEST_F(BuildContent, ASequenceAnswersWhatItsDraftSays) {
   EXPECT_EQ(MZ::SequenceActions::GetFrameAlignment(sequence), 0U);
 }
 
-TEST_F(BuildContent, PictureTimesCountDropFramesWhereTheSequenceSaysSoAndSampleTimesNever) {
-  using qelmediatypes::TimeDisplay;
-  constexpr int kForDisplay = 1;
-  const auto plain = model.Add(draft);
-  draft.isDropFrame = true;
-  const auto drop = model.Add(draft);
-  using MZ::SequencePlayback::GetAudioTimeDisplayFormat;
-  using MZ::SequencePlayback::GetVideoTimeDisplayFormat;
-  EXPECT_EQ(GetVideoTimeDisplayFormat(plain, kForDisplay).count, TimeDisplay::Count::kNonDropFrame);
-  EXPECT_EQ(GetVideoTimeDisplayFormat(drop, kForDisplay).count, TimeDisplay::Count::kDropFrame);
-  EXPECT_EQ(GetAudioTimeDisplayFormat(drop).count, TimeDisplay::Count::kNonDropFrame);
-}
-
 TEST_F(BuildContent, EqualTextsOfADocumentShareOneBuffer) {
   auto& track = drafts::AddTrack(draft);
   drafts::AddClip(track, "Same", 0, 10);
