@@ -1,10 +1,8 @@
 #include "standalone/import/FileBuffer.h"
 
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <limits>
 #include <memory>
 
 #include "standalone/import/TimelineReader.h"
@@ -12,15 +10,13 @@
 namespace standalone {
 namespace {
 
-constexpr std::uintmax_t kLargestFile = std::numeric_limits<std::uint32_t>::max();
-
 struct CloseFile {
   void operator()(std::FILE* stream) const { std::fclose(stream); }
 };
 using Stream = std::unique_ptr<std::FILE, CloseFile>;
 
-[[noreturn]] void ThrowUnreadable(int error) {
-  throw ImportError(0, "The file can't be read: " + std::string(std::strerror(error)) + ".");
+Stream Open(const std::filesystem::path& file) {
+  return Stream(std::fopen(file.c_str(), "rbe"));
 }
 
 void RequireFile(const std::filesystem::path& file) {
@@ -29,43 +25,57 @@ void RequireFile(const std::filesystem::path& file) {
   if (status.type() == std::filesystem::file_type::not_found) {
     throw ImportError(0, "There is no such file; check the path.");
   }
-  if (status.type() != std::filesystem::file_type::directory) return;
-  if (std::filesystem::exists(file / "content.otio", error)) {
-    throw ImportError(0, "This is a folder; give the file content.otio inside it.");
-  }
-  throw ImportError(0, "This is a folder; give a timeline file.");
 }
 
-/// `expectedSize` only saves copies: a pipe has none, and a file may still grow.
-std::string ReadToEnd(std::FILE* stream, std::size_t expectedSize) {
+}  // namespace
+
+std::string ReadToEnd(std::size_t expectedSize, std::string_view subject,
+                      const std::function<std::size_t(char* place, std::size_t room)>& readBlock) {
   constexpr std::size_t kBlock = std::size_t{1} << 16;
   std::string content;
   content.reserve(expectedSize + kBlock);
   for (;;) {
     const std::size_t length = content.size();
     content.resize(length + kBlock);
-    const std::size_t read = std::fread(content.data() + length, 1, kBlock, stream);
+    const std::size_t read = readBlock(content.data() + length, kBlock);
     content.resize(length + read);
-    if (content.size() > kLargestFile) {
-      throw ImportError(0, "The file is larger than 4 GB; split the timeline.");
-    }
-    if (read == 0) break;
+    if (content.size() > kLargestText) ThrowTooLarge(subject);
+    if (read == 0) return content;
   }
-  if (std::ferror(stream) != 0) ThrowUnreadable(errno);
+}
+
+std::string ReadWholeFile(const std::filesystem::path& file, std::string_view subject) {
+  RequireFile(file);
+  const Stream stream = Open(file);
+  if (!stream) ThrowUnreadable(subject, errno);
+  std::error_code error;
+  // A pipe has no size, and a file may still grow.
+  const std::uintmax_t size = std::filesystem::file_size(file, error);
+  std::string content = ReadToEnd(
+      error || size > kLargestText ? 0 : size, subject,
+      [&](char* place, std::size_t room) { return std::fread(place, 1, room, stream.get()); });
+  if (std::ferror(stream.get()) != 0) ThrowUnreadable(subject, errno);
+  if (content.empty()) ThrowEmpty(subject);
   return content;
 }
 
-}  // namespace
+void ThrowUnreadable(std::string_view subject, int error) {
+  throw ImportError(0, std::string(subject) + " can't be read: " + std::strerror(error) + ".");
+}
 
-std::string ReadWholeFile(const std::filesystem::path& file) {
-  RequireFile(file);
-  const Stream stream(std::fopen(file.c_str(), "rbe"));
-  if (!stream) ThrowUnreadable(errno);
-  std::error_code error;
-  const std::uintmax_t size = std::filesystem::file_size(file, error);
-  std::string content = ReadToEnd(stream.get(), error || size > kLargestFile ? 0 : size);
-  if (content.empty()) throw ImportError(0, "The file is empty; export the timeline again.");
-  return content;
+void ThrowTooLarge(std::string_view subject) {
+  throw ImportError(0, std::string(subject) + " is larger than 4 GB; split the timeline.");
+}
+
+void ThrowEmpty(std::string_view subject) {
+  throw ImportError(0, std::string(subject) + " is empty; export the timeline again.");
+}
+
+std::string ReadBeginning(const std::filesystem::path& file, std::size_t length) {
+  std::string beginning(length, '\0');
+  const Stream stream = Open(file);
+  beginning.resize(stream ? std::fread(beginning.data(), 1, length, stream.get()) : 0);
+  return beginning;
 }
 
 std::string_view SkipByteOrderMark(std::string_view text) {

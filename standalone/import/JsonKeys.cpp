@@ -33,6 +33,7 @@ constexpr KeyUse kKeyUses[] = {
     {"enabled", JsonKey::kEnabled, kObject},
     {"color", JsonKey::kColor, kObject},
     {"effects", JsonKey::kEffects, kObject},
+    {"markers", JsonKey::kMarkers, kObject},
     {"media_reference", JsonKey::kMediaReference, kObject},
     {"media_references", JsonKey::kMediaReferences, kObject},
     {"active_media_reference_key", JsonKey::kActiveMediaReferenceKey, kObject},
@@ -47,6 +48,8 @@ constexpr KeyUse kKeyUses[] = {
     {"effect_name", JsonKey::kEffectName, kObject},
     {"time_scalar", JsonKey::kTimeScalar, kObject},
     {"transition_type", JsonKey::kTransitionType, kObject},
+    {"in_offset", JsonKey::kInOffset, kObject},
+    {"out_offset", JsonKey::kOutOffset, kObject},
     {"r", JsonKey::kRed, kObject},
     {"g", JsonKey::kGreen, kObject},
     {"b", JsonKey::kBlue, kObject},
@@ -137,6 +140,8 @@ JsonContext ContextOfMember(JsonKey key, JsonContext parent) {
       return JsonContext::kReferences;
     case JsonKey::kParameters:
       return JsonContext::kParameters;
+    case JsonKey::kMarkers:
+      return JsonContext::kUnread;
     default:
       break;
   }

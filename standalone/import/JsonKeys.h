@@ -25,6 +25,7 @@ enum class JsonKey : std::uint8_t {
   kEnabled,
   kColor,
   kEffects,
+  kMarkers,
   kMediaReference,
   kMediaReferences,
   kActiveMediaReferenceKey,
@@ -39,6 +40,8 @@ enum class JsonKey : std::uint8_t {
   kEffectName,
   kTimeScalar,
   kTransitionType,
+  kInOffset,
+  kOutOffset,
   kRed,
   kGreen,
   kBlue,
@@ -97,6 +100,7 @@ enum class JsonKey : std::uint8_t {
   kNote,
   kFont,
   kText,
+  kCount,  ///< The number of keys, no key.
 };
 
 /// What an object of the tree is, which decides the members that are kept.
@@ -106,6 +110,7 @@ enum class JsonContext : std::uint8_t {
   kWriter = 4,       ///< A known writer's dictionary, at any depth.
   kReferences = 8,   ///< Media references by free names: every member is kept.
   kParameters = 16,  ///< Parameters of a generator.
+  kUnread = 32,      ///< Something of which only the number counts: no member is kept.
 };
 
 /// The key of a member called `name` in an object of that context; kNone: not wanted.

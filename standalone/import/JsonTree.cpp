@@ -1,5 +1,6 @@
 #include "standalone/import/JsonTree.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <utility>
@@ -30,29 +31,52 @@ bool IsSecondHalf(std::optional<unsigned> code) {
   return code && *code >= 0xDC00 && *code < 0xE000;
 }
 
+/// The number of the line that the byte stands in.
+std::size_t CountLines(std::string_view text, std::size_t at) {
+  const std::string_view before = text.substr(0, at);
+  return 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+}
+
+}  // namespace
+
 /// Exporters write halves of surrogate pairs for file names that are no UTF-8, or cut a pair in two. A
 /// half alone is no character: U+FFFD takes its place.
-void ReplaceLoneSurrogates(std::string& text) {
-  for (std::size_t at = text.find('\\'); at != std::string::npos; at = text.find('\\', at)) {
-    const std::string_view rest = std::string_view(text).substr(at);
+void JsonTree::ReplaceLoneSurrogates() {
+  for (std::size_t at = buffer.find('\\'); at != std::string::npos; at = buffer.find('\\', at)) {
+    const std::string_view rest = std::string_view(buffer).substr(at);
     const auto code = ReadEscape(rest);
     if (!code) {
       at += 2;
     } else if (IsFirstHalf(code) && IsSecondHalf(ReadEscape(rest.substr(kEscapeLength)))) {
       at += 2 * kEscapeLength;
     } else {
-      if (IsFirstHalf(code) || IsSecondHalf(code)) text.replace(at, kEscapeLength, "\\ufffd");
+      if (IsFirstHalf(code) || IsSecondHalf(code)) {
+        buffer.replace(at, kEscapeLength, "\\ufffd");
+        if (repairs.brokenCharacters++ == 0) repairs.brokenCharacterLine = CountLines(buffer, at);
+      }
       at += kEscapeLength;
     }
   }
 }
 
-}  // namespace
-
 JsonTree::JsonTree(std::string text, const ImportProgress& progress, double lastFraction)
     : buffer(std::move(text)) {
-  ReplaceLoneSurrogates(buffer);
+  ReplaceLoneSurrogates();
   JsonTreeBuilder(*this, progress, lastFraction).Parse();
+}
+
+std::vector<JsonValue> JsonTree::GetPath(std::uint32_t index) const {
+  std::vector<JsonValue> path = {GetRoot()};
+  while (path.back().index != index) {
+    const JsonValue outer = path.back();
+    for (const JsonValue inner : outer) {
+      if (index >= nodes[inner.index].end) continue;
+      path.push_back(inner);
+      break;
+    }
+    if (path.back().index == outer.index || path.back().index > index) break;
+  }
+  return path;
 }
 
 JsonValue::Type JsonValue::GetType() const {

@@ -69,6 +69,25 @@ class STANDALONE_API JsonValue {
   std::uint32_t index = 0;
 };
 
+/// Metadata under one name that no reader looks at.
+struct UnreadMetadata {
+  std::string_view name;
+  /// GetIndex() of the first object that has it.
+  std::uint32_t firstOwner = 0;
+  std::size_t count = 0;
+};
+
+/// What of a document is kept in another way than it is written.
+struct JsonRepairs {
+  /// Halves of surrogate pairs, each replaced by U+FFFD.
+  std::size_t brokenCharacters = 0;
+  std::size_t brokenCharacterLine = 0;
+  /// Members whose name their object has already; the first of a name counts.
+  std::size_t repeatedMembers = 0;
+  std::size_t repeatedMemberLine = 0;
+  std::string_view repeatedMemberName;
+};
+
 /// A JSON document cut down to the members that readers look at: one flat list of nodes in the order of
 /// the file, each with the index behind its last descendant. Texts are decoded in place and stay in the
 /// buffer, which the tree owns; an escaped half of a surrogate pair becomes U+FFFD. NaN and infinities
@@ -84,6 +103,16 @@ class STANDALONE_API JsonTree {
 
   JsonValue GetRoot() const { return {this, 0}; }
   std::size_t GetNodeCount() const { return nodes.size(); }
+  /// The value of that index with all that it stands in, from the root on. Looks at the siblings of
+  /// each, so it is for the few values that people are told about.
+  std::vector<JsonValue> GetPath(std::uint32_t index) const;
+
+  /// Metadata that was dropped, name by name in the order of the file. Empty values don't count, nor do
+  /// the flat parameters that effects have for metadata.
+  const std::vector<UnreadMetadata>& GetUnreadMetadata() const { return unreadMetadata; }
+  /// How much was dropped under names beyond the first 64.
+  std::size_t GetFurtherUnreadMetadata() const { return furtherUnreadMetadata; }
+  const JsonRepairs& GetRepairs() const { return repairs; }
 
  private:
   friend class JsonValue;
@@ -99,8 +128,13 @@ class STANDALONE_API JsonTree {
     JsonValue::Type type = JsonValue::Type::kNone;
   };
 
+  void ReplaceLoneSurrogates();
+
   std::string buffer;
   std::vector<Node> nodes;
+  std::vector<UnreadMetadata> unreadMetadata;
+  std::size_t furtherUnreadMetadata = 0;
+  JsonRepairs repairs;
 };
 
 }  // namespace standalone

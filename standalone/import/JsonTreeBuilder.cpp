@@ -2,7 +2,9 @@
 
 #include <rapidjson/reader.h>
 
+#include <algorithm>
 #include <string>
+#include <utility>
 
 #include "standalone/import/FileBuffer.h"
 
@@ -102,12 +104,37 @@ bool JsonTreeBuilder::GoesOn() {
   return !isCancelled;
 }
 
-/// Whether the value that begins now is kept; uses up the pending member name.
-bool JsonTreeBuilder::IsWanted() {
+/// Whether the value that comes now, no container, is kept; uses up the pending member name.
+bool JsonTreeBuilder::IsWanted(bool hasContent) {
   if (droppedDepth != 0) return false;
   if (!isMemberDropped) return true;
   isMemberDropped = false;
+  EndUnread(hasContent, false);
   return false;
+}
+
+void JsonTreeBuilder::BeginUnread(std::string_view name) {
+  if (name != "OTIO_SCHEMA") unreadName = name;
+}
+
+void JsonTreeBuilder::EndUnread(bool hasContent, bool isObject) {
+  const std::string_view name = std::exchange(unreadName, {});
+  if (name.empty() || !hasContent) return;
+  // Many effects keep their parameters there, one by one.
+  const bool isEffect =
+      open.size() >= 3 && tree.nodes[open[open.size() - 3].node].key == JsonKey::kEffects;
+  if (isEffect && !isObject) return;
+  auto& known = tree.unreadMetadata;
+  const auto found = std::find_if(known.begin(), known.end(),
+                                  [name](const UnreadMetadata& entry) { return entry.name == name; });
+  constexpr std::size_t kMostNames = 64;
+  if (found != known.end()) {
+    ++found->count;
+  } else if (known.size() < kMostNames) {
+    known.push_back(UnreadMetadata{name, open[open.size() - 2].node, 1});
+  } else {
+    ++tree.furtherUnreadMetadata;
+  }
 }
 
 void JsonTreeBuilder::AddNode(JsonValue::Type type, const char* text, std::size_t length) {
@@ -126,31 +153,49 @@ void JsonTreeBuilder::AddNode(JsonValue::Type type, const char* text, std::size_
 }
 
 bool JsonTreeBuilder::Null() {
-  if (IsWanted()) AddNode(JsonValue::Type::kNull, nullptr, 0);
+  if (IsWanted(false)) AddNode(JsonValue::Type::kNull, nullptr, 0);
   return true;
 }
 
 bool JsonTreeBuilder::Bool(bool value) {
-  if (IsWanted()) AddNode(JsonValue::Type::kBool, nullptr, value ? 1 : 0);
+  if (IsWanted(true)) AddNode(JsonValue::Type::kBool, nullptr, value ? 1 : 0);
   return true;
 }
 
 bool JsonTreeBuilder::RawNumber(const char* text, unsigned length, bool) {
-  if (IsWanted()) AddNode(JsonValue::Type::kNumber, text, length);
+  if (IsWanted(true)) AddNode(JsonValue::Type::kNumber, text, length);
   return true;
 }
 
 bool JsonTreeBuilder::String(const char* text, unsigned length, bool) {
-  if (IsWanted()) AddNode(JsonValue::Type::kString, text, length);
+  if (IsWanted(length != 0)) AddNode(JsonValue::Type::kString, text, length);
   return true;
 }
 
 bool JsonTreeBuilder::Key(const char* text, unsigned length, bool) {
   if (droppedDepth != 0) return true;
-  key = FindJsonKey({text, length}, open.back().context);
+  const std::string_view name(text, length);
+  key = FindJsonKey(name, open.back().context);
   isMemberDropped = key == JsonKey::kNone;
-  if (key == JsonKey::kNamed) AddName(text, length);
+  if (key == JsonKey::kNamed) {
+    AddName(text, length);
+  } else if (!isMemberDropped) {
+    NoteRepeat(name);
+  } else if (open.back().context == JsonContext::kMetadata) {
+    BeginUnread(name);
+  }
   return true;
+}
+
+/// Fonts go by several names, each of which counts.
+void JsonTreeBuilder::NoteRepeat(std::string_view name) {
+  const auto position = static_cast<std::size_t>(key);
+  auto& keys = open.back().keys;
+  if (keys.test(position) && key != JsonKey::kFont && tree.repairs.repeatedMembers++ == 0) {
+    tree.repairs.repeatedMemberLine = stream->line;
+    tree.repairs.repeatedMemberName = name;
+  }
+  keys.set(position);
 }
 
 void JsonTreeBuilder::AddName(const char* text, unsigned length) {
@@ -165,7 +210,8 @@ void JsonTreeBuilder::AddName(const char* text, unsigned length) {
 
 bool JsonTreeBuilder::Open(JsonValue::Type type) {
   if (!GoesOn()) return false;
-  if (droppedDepth != 0 || !IsWanted()) {
+  if (droppedDepth != 0 || isMemberDropped) {
+    isMemberDropped = false;
     ++droppedDepth;
     return true;
   }
@@ -174,14 +220,14 @@ bool JsonTreeBuilder::Open(JsonValue::Type type) {
     const bool isElement = tree.nodes[open.back().node].type == JsonValue::Type::kArray;
     context = isElement ? open.back().context : ContextOfMember(key, open.back().context);
   }
-  open.push_back({static_cast<std::uint32_t>(tree.nodes.size()), context});
+  open.push_back({static_cast<std::uint32_t>(tree.nodes.size()), context, {}});
   AddNode(type, nullptr, 0);
   return true;
 }
 
-bool JsonTreeBuilder::Close() {
+bool JsonTreeBuilder::Close(unsigned count, bool isObject) {
   if (droppedDepth != 0) {
-    --droppedDepth;
+    if (--droppedDepth == 0) EndUnread(count != 0, isObject);
     return true;
   }
   const std::uint32_t node = open.back().node;
@@ -196,16 +242,16 @@ bool JsonTreeBuilder::StartObject() {
   return Open(JsonValue::Type::kObject);
 }
 
-bool JsonTreeBuilder::EndObject(unsigned) {
-  return Close();
+bool JsonTreeBuilder::EndObject(unsigned memberCount) {
+  return Close(memberCount, true);
 }
 
 bool JsonTreeBuilder::StartArray() {
   return Open(JsonValue::Type::kArray);
 }
 
-bool JsonTreeBuilder::EndArray(unsigned) {
-  return Close();
+bool JsonTreeBuilder::EndArray(unsigned elementCount) {
+  return Close(elementCount, false);
 }
 
 }  // namespace standalone

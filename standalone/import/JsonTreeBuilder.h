@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -41,13 +42,19 @@ class JsonTreeBuilder {
   struct OpenContainer {
     std::uint32_t node;
     JsonContext context;
+    /// The keys that an object has so far.
+    std::bitset<static_cast<std::size_t>(JsonKey::kCount)> keys;
   };
 
-  bool IsWanted();
+  bool IsWanted(bool hasContent);
+  void NoteRepeat(std::string_view name);
+  /// Metadata that no reader looks at: counted once its value is known to hold something.
+  void BeginUnread(std::string_view name);
+  void EndUnread(bool hasContent, bool isObject);
   void AddName(const char* text, unsigned length);
   void AddNode(JsonValue::Type type, const char* text, std::size_t length);
   bool Open(JsonValue::Type type);
-  bool Close();
+  bool Close(unsigned count, bool isObject);
   bool GoesOn();
   [[noreturn]] void ThrowParseError(int code, std::size_t offset) const;
 
@@ -60,6 +67,8 @@ class JsonTreeBuilder {
   std::size_t droppedDepth = 0;
   JsonKey key = JsonKey::kNone;
   bool isMemberDropped = false;
+  /// Name of the metadata that is being dropped; empty: none that counts.
+  std::string_view unreadName;
   bool isCancelled = false;
   std::size_t nextReport = 0;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <optional>
 #include <system_error>
 
 #include "standalone/import/TextCase.h"
@@ -95,19 +96,44 @@ std::filesystem::path Join(const std::filesystem::path& folder, std::string_view
   return (folder / std::filesystem::path(std::string(name))).lexically_normal();
 }
 
-bool IsThere(const std::filesystem::path& file) {
+/// The path's name in the archive; none: the path does not lie below it.
+std::optional<std::string> GetArchivedName(const MediaFolder& folder,
+                                           const std::filesystem::path& file) {
+  const std::string& archive = folder.path.native();
+  const std::string& name = file.native();
+  const bool isBelow = folder.archivedFiles && name.starts_with(archive) &&
+                       name.size() > archive.size() && name[archive.size()] == '/';
+  return isBelow ? std::optional(name.substr(archive.size() + 1)) : std::nullopt;
+}
+
+bool IsThere(const MediaFolder& folder, const std::filesystem::path& file) {
+  if (const auto name = GetArchivedName(folder, file)) return folder.archivedFiles->contains(*name);
   std::error_code error;
   return std::filesystem::exists(file, error);
 }
 
-MediaAddress ReadRelativeAddress(std::string_view written, const std::filesystem::path& folder) {
+/// Empty for what would leave an archive: nothing lies beside its files.
+std::filesystem::path FindRelative(const MediaFolder& folder, std::string_view name) {
+  std::filesystem::path path = Join(folder.path, name);
+  if (folder.archivedFiles && !GetArchivedName(folder, path)) path.clear();
+  return path;
+}
+
+MediaAddress ReadRelativeAddress(std::string_view written, const MediaFolder& folder) {
   MediaAddress address;
   address.text = DecodePercent(written);
-  address.lookUpPath = Join(folder, address.text);
-  if (address.text != written && !IsThere(address.lookUpPath) && IsThere(Join(folder, written))) {
-    address.lookUpPath = Join(folder, written);
-  }
+  address.lookUpPath = FindRelative(folder, address.text);
+  if (address.text == written || IsThere(folder, address.lookUpPath)) return address;
+  const std::filesystem::path undecoded = FindRelative(folder, written);
+  if (IsThere(folder, undecoded)) address.lookUpPath = undecoded;
   return address;
+}
+
+bool IsFileOnDisk(const std::filesystem::path& file) {
+  std::error_code error;
+  const auto type = std::filesystem::status(file, error).type();
+  return type != std::filesystem::file_type::not_found && type != std::filesystem::file_type::none &&
+         type != std::filesystem::file_type::directory;
 }
 
 }  // namespace
@@ -130,7 +156,7 @@ std::string DecodePercent(std::string_view text) {
   return IsValidUTF8(decoded) ? decoded : std::string(text);
 }
 
-MediaAddress ReadMediaAddress(std::string_view written, const std::filesystem::path& folder) {
+MediaAddress ReadMediaAddress(std::string_view written, const MediaFolder& folder) {
   MediaAddress address;
   if (written.empty()) return address;
   const std::size_t scheme = GetSchemeLength(written);
@@ -172,11 +198,8 @@ bool FileLookUp::Exists(const std::filesystem::path& file) {
   if (name.empty() || name.find('\0') != std::string::npos) return false;
   const auto [entry, isNew] = known.try_emplace(name, false);
   if (isNew) {
-    std::error_code error;
-    const auto type = std::filesystem::status(file, error).type();
-    entry->second = type != std::filesystem::file_type::not_found &&
-                    type != std::filesystem::file_type::none &&
-                    type != std::filesystem::file_type::directory;
+    const auto archived = GetArchivedName(folder, file);
+    entry->second = archived ? folder.archivedFiles->contains(*archived) : IsFileOnDisk(file);
   }
   return entry->second;
 }

@@ -39,11 +39,15 @@ std::optional<ZSL::Color> ReadColor(JsonValue color) {
   return ZSL::Color{*red, *green, *blue, ReadChannel(color[JsonKey::kAlpha]).value_or(255)};
 }
 
-void ReadLabel(JsonValue item, const ClipMetadata& metadata, ClipDraft& clip) {
+void ReadLabel(JsonValue item, const ClipMetadata& metadata, OtioImport& import, const OtioPlace& place,
+               ClipDraft& clip) {
   const JsonValue own = metadata.index[JsonKey::kLabelColor];
   const JsonValue color = item[JsonKey::kColor];
   const JsonValue label2 = metadata.xml[JsonKey::kLabels][JsonKey::kLabel2];
   auto found = ParseHexColor(own.GetText());
+  if (!found && own.HasValue()) {
+    import.AddNote(place, own, "\"label_color\" must be written as \"#RRGGBB\"; it is left out.");
+  }
   JsonValue name = metadata.index[JsonKey::kLabelName];
   if (!found) {
     found = ReadColor(color);
@@ -101,8 +105,19 @@ MulticamDraft ReadMulticam(JsonValue multicam) {
   return draft;
 }
 
+/// Members of the wrong type, which count as absent.
+void CheckItem(JsonValue item, OtioImport& import, const OtioPlace& place) {
+  using Type = JsonValue::Type;
+  import.Expect(item, JsonKey::kName, Type::kString, place, "Its name is no text; it is left out.");
+  import.Expect(item, JsonKey::kMetadata, Type::kObject, place,
+                "Its metadata is no object; it is left out.");
+  import.Expect(item, JsonKey::kEnabled, Type::kBool, place,
+                "\"enabled\" must be true or false; it is taken as enabled.");
+}
+
 /// What clips, nested items and unknown ones have in common.
 ClipDraft ReadItem(JsonValue item, JsonValue reference, OtioImport& import, const OtioPlace& place) {
+  CheckItem(item, import, place);
   const ClipMetadata metadata(item);
   ClipDraft clip;
   clip.name = item[JsonKey::kName].GetString();
@@ -111,28 +126,37 @@ ClipDraft ReadItem(JsonValue item, JsonValue reference, OtioImport& import, cons
   clip.isAdjustment = metadata.index[JsonKey::kAdjustment].GetBool().value_or(false);
   clip.isDisabled = !IsOtioEnabled(item);
   clip.multicam = ReadMulticam(metadata.index[JsonKey::kMulticam]);
-  ReadLabel(item, metadata, clip);
+  ReadLabel(item, metadata, import, place, clip);
   ReadRemarks(metadata, reference, clip);
   ReadEffects(item, import, place, clip);
   return clip;
 }
 
-void FillNames(JsonValue reference, ClipDraft& clip) {
+/// Tells whether the clip's own name was empty and its media had one.
+bool FillNames(JsonValue reference, ClipDraft& clip) {
+  const bool isNameless = clip.name.empty();
   const std::string_view fileName = GetFileName(clip.media.address);
   const std::string referenceName = reference[JsonKey::kName].GetString();
   if (clip.name.empty()) clip.name = referenceName;
   if (clip.name.empty()) clip.name = RemoveExtension(fileName);
   if (clip.sourceClipName.empty()) clip.sourceClipName = referenceName;
   if (clip.sourceClipName.empty()) clip.sourceClipName = fileName;
+  return isNameless && !clip.name.empty();
 }
 
 /// Picture files that do not tell their rate keep it unknown; what the host generates runs at the
 /// sequence's. Sound never has a picture rate.
 qelmediatypes::TickTime ReadFrameDuration(const OtioReference& reference, bool isSynthetic,
-                                          TrackKind kind, const OtioSequenceRates& rates) {
+                                          TrackKind kind, const OtioSequenceRates& rates,
+                                          OtioReport& report, const OtioPlace& place, JsonValue clip) {
   if (const auto rate = ReadMediaRate(reference, kind)) return rate->ToFrameRate().GetFrameDuration();
-  if (kind == TrackKind::kAudio) return rates.unknownAudio.GetFrameDuration();
-  return isSynthetic ? rates.video.GetFrameDuration() : qelmediatypes::kUnknownFrameDuration;
+  if (kind == TrackKind::kAudio) {
+    if (!rates.isUnknownAudioNamed) report.Count(OtioRemark::kSampleRates, place, clip);
+    return rates.unknownAudio.GetFrameDuration();
+  }
+  if (!isSynthetic) return qelmediatypes::kUnknownFrameDuration;
+  report.Count(OtioRemark::kFrameRatesOfSequence, place, clip);
+  return rates.video.GetFrameDuration();
 }
 
 }  // namespace
@@ -140,15 +164,20 @@ qelmediatypes::TickTime ReadFrameDuration(const OtioReference& reference, bool i
 ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind kind,
                        const OtioSequenceRates& rates, OtioImport& import, const OtioPlace& place) {
   ClipDraft draft = ReadItem(clip, reference.object, import, place);
-  draft.media = ReadMedia(reference, import);
+  OtioReport& report = import.GetReport();
+  draft.media = ReadMedia(reference, import, place);
   const OtioReference proxy = FindProxyReference(clip, import, place);
-  if (proxy.object.HasValue()) draft.proxy = ReadMedia(proxy, import);
-  FillNames(reference.object, draft);
-  draft.frameDuration = ReadFrameDuration(reference, draft.media.isSynthetic, kind, rates);
+  if (proxy.object.HasValue()) draft.proxy = ReadMedia(proxy, import, place);
+  if (FillNames(reference.object, draft)) report.Count(OtioRemark::kNamesOfMedia, place, clip);
+  draft.frameDuration =
+      ReadFrameDuration(reference, draft.media.isSynthetic, kind, rates, report, place, clip);
   if (draft.videoInfo.empty() && kind == TrackKind::kVideo) {
     draft.videoInfo = ReadFrameSize(reference.object);
   }
   ReadGraphics(clip, reference, draft);
+  if (reference.object[JsonKey::kParameters][JsonKey::kText].HasValue()) {
+    report.Count(OtioRemark::kTitleTexts, place, clip);
+  }
   return draft;
 }
 

@@ -13,6 +13,8 @@ struct OtioSequenceRates {
   qelmediatypes::FrameRate audio;
   /// Of sound whose file does not tell its sample rate.
   qelmediatypes::FrameRate unknownAudio;
+  /// Whether the timeline names that rate.
+  bool isUnknownAudioNamed = false;
 };
 
 /// A clip, as it stands on a track of that kind.

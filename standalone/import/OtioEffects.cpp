@@ -37,14 +37,24 @@ bool ChangesSpeed(JsonValue effect, OtioKind kind) {
   return ParseDecimal(scalar.GetNumber()) != kNormalSpeed;
 }
 
-bool IsIntrinsic(JsonValue effect) {
+void ReadSpeed(JsonValue effect, OtioKind kind, OtioImport& import, const OtioPlace& place,
+               ClipDraft& clip) {
+  if (!ChangesSpeed(effect, kind)) return;
+  if (!clip.hasSpeedChange) import.GetReport().Count(OtioRemark::kSpeeds, place, effect);
+  clip.hasSpeedChange = true;
+}
+
+bool IsIntrinsic(JsonValue effect, OtioImport& import, const OtioPlace& place) {
   const auto flag = GetIndexMetadata(effect)[JsonKey::kIntrinsic].GetBool();
   if (flag) return *flag;
   const JsonValue writer = effect[JsonKey::kMetadata][JsonKey::kResolve];
-  return IsBuiltInPanel(writer[JsonKey::kWriterEffectName].GetText());
+  const bool isBuiltIn = IsBuiltInPanel(writer[JsonKey::kWriterEffectName].GetText());
+  if (isBuiltIn) import.GetReport().Count(OtioRemark::kBuiltInPanels, place, effect);
+  return isBuiltIn;
 }
 
-ComponentDraft ReadEffect(JsonValue effect, std::string_view schemaName) {
+ComponentDraft ReadEffect(JsonValue effect, std::string_view schemaName, OtioImport& import,
+                          const OtioPlace& place) {
   const JsonValue metadata = effect[JsonKey::kMetadata];
   const JsonValue index = metadata[JsonKey::kSequenceIndex];
   ComponentDraft component;
@@ -52,7 +62,10 @@ ComponentDraft ReadEffect(JsonValue effect, std::string_view schemaName) {
                                      metadata[JsonKey::kResolve][JsonKey::kWriterEffectName],
                                      effect[JsonKey::kEffectName]});
   if (component.displayName.empty()) component.displayName = schemaName;
-  component.isIntrinsic = IsIntrinsic(effect);
+  component.isIntrinsic = IsIntrinsic(effect, import, place);
+  if (!component.isIntrinsic && !IsOtioEnabled(effect)) {
+    import.GetReport().Count(OtioRemark::kDisabledEffects, place, effect);
+  }
   component.isMissing = index[JsonKey::kMissing].GetBool().value_or(false);
   AddFontMembers(metadata, component.fonts);
   RemoveRepeats(component.fonts);
@@ -80,14 +93,19 @@ bool IsTextGenerator(JsonValue item, const OtioReference& reference) {
 }  // namespace
 
 void ReadEffects(JsonValue item, OtioImport& import, const OtioPlace& place, ClipDraft& clip) {
-  for (const JsonValue effect : item[JsonKey::kEffects]) {
-    if (!effect.IsObject()) continue;
+  const JsonValue effects = import.Expect(item, JsonKey::kEffects, JsonValue::Type::kArray, place,
+                                          "Its effects are no list; they are left out.");
+  for (const JsonValue effect : effects) {
+    if (!effect.IsObject()) {
+      import.AddNote(place, effect, "One of its effects is no object; it is left out.");
+      continue;
+    }
     const OtioSchema schema = import.Recognise(effect, place);
     switch (schema.kind) {
       case OtioKind::kLinearTimeWarp:
       case OtioKind::kFreezeFrame:
       case OtioKind::kTimeEffect:
-        clip.hasSpeedChange = clip.hasSpeedChange || ChangesSpeed(effect, schema.kind);
+        ReadSpeed(effect, schema.kind, import, place, clip);
         continue;
       case OtioKind::kEffect:
         break;
@@ -96,7 +114,7 @@ void ReadEffects(JsonValue item, OtioImport& import, const OtioPlace& place, Cli
             place, effect,
             "Unknown kind of effect \"" + std::string(schema.name) + "\"; only its name is used.");
     }
-    clip.components.push_back(ReadEffect(effect, schema.name));
+    clip.components.push_back(ReadEffect(effect, schema.name, import, place));
   }
 }
 

@@ -1,35 +1,33 @@
 #include "standalone/import/OtioImport.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 namespace standalone {
-namespace {
-
-void Append(std::string& text, std::string_view word, std::string_view name) {
-  if (!text.empty()) text += ", ";
-  text.append(word).append(" \"").append(name).append("\"");
-}
-
-}  // namespace
-
-std::string OtioPlace::Describe() const {
-  std::string text;
-  if (!sequence.empty()) Append(text, "sequence", sequence);
-  if (!track.empty()) text.append(text.empty() ? "track " : ", track ").append(track);
-  if (!itemWord.empty()) Append(text, itemWord, itemName);
-  return text;
-}
-
-OtioImport::OtioImport(const std::filesystem::path& file, const ImportProgress& progress)
-    : stem(file.stem().string()), progress(progress) {
-  std::error_code error;
-  folder = std::filesystem::absolute(file, error).lexically_normal().parent_path();
-}
+OtioImport::OtioImport(const TimelineSource& source, const ImportProgress& progress)
+    : folder(source.mediaFolder), stem(source.stem), files(folder), progress(progress) {}
 
 void OtioImport::AddNote(const OtioPlace& place, JsonValue object, std::string sentence) {
   notes.push_back(ImportNote{place.Describe(), object.GetLine(), std::move(sentence)});
+}
+
+void OtioImport::AddNote(std::size_t line, std::string sentence) {
+  notes.push_back(ImportNote{{}, line, std::move(sentence)});
+}
+
+std::vector<ImportNote> OtioImport::TakeNotes() {
+  std::stable_sort(notes.begin(), notes.end(), [](const ImportNote& left, const ImportNote& right) {
+    return left.line < right.line;
+  });
+  return std::move(notes);
+}
+
+JsonValue OtioImport::Expect(JsonValue object, JsonKey key, JsonValue::Type type,
+                             const OtioPlace& place, std::string_view sentence) {
+  const JsonValue member = object[key];
+  if (member.GetType() == type) return member;
+  if (member.HasValue()) AddNote(place, member, std::string(sentence));
+  return {};
 }
 
 OtioSchema OtioImport::Recognise(JsonValue object, const OtioPlace& place) {
@@ -60,6 +58,12 @@ void OtioImport::Reach(JsonValue item) {
 
 void OtioImport::Finish() const {
   if (progress.report) progress.report(1);
+}
+
+std::size_t CountElements(JsonValue value) {
+  std::size_t count = 0;
+  for (auto element = value.begin(); element != value.end(); ++element) ++count;
+  return count;
 }
 
 std::string FirstText(std::initializer_list<JsonValue> candidates) {

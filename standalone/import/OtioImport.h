@@ -9,36 +9,34 @@
 #include <vector>
 
 #include "standalone/import/MediaAddress.h"
+#include "standalone/import/OtioPlace.h"
+#include "standalone/import/OtioReport.h"
 #include "standalone/import/OtioSchema.h"
 #include "standalone/import/TimelineReader.h"
 
 namespace standalone {
 
-/// Where an item stands; becomes a text only when there is something to tell.
-struct OtioPlace {
-  /// Named only where a file holds several sequences.
-  std::string_view sequence;
-  /// "V2"; empty outside of tracks.
-  std::string_view track;
-  /// "clip"; empty for the track or sequence itself.
-  std::string_view itemWord;
-  std::string_view itemName;
-
-  std::string Describe() const;
-};
-
 /// What the parts of one read share.
 class OtioImport {
  public:
-  OtioImport(const std::filesystem::path& file, const ImportProgress& progress);
+  OtioImport(const TimelineSource& source, const ImportProgress& progress);
 
-  /// Absolute folder of the timeline file.
-  const std::filesystem::path& GetFolder() const { return folder; }
-  /// The file's name without its extension, for what has no name of its own.
+  /// Where relative media addresses lead.
+  const MediaFolder& GetFolder() const { return folder; }
+  /// For what has no name of its own.
   const std::string& GetStem() const { return stem; }
 
   void AddNote(const OtioPlace& place, JsonValue object, std::string sentence);
-  std::vector<ImportNote> TakeNotes() { return std::move(notes); }
+  /// Of what belongs to no item.
+  void AddNote(std::size_t line, std::string sentence);
+  /// In the order of the file.
+  std::vector<ImportNote> TakeNotes();
+  OtioReport& GetReport() { return report; }
+
+  /// The member of an object when it is of that type. Of another one it is noted with the sentence and
+  /// counts as absent; null is just absent.
+  JsonValue Expect(JsonValue object, JsonKey key, JsonValue::Type type, const OtioPlace& place,
+                   std::string_view sentence);
 
   /// The schema of an object; the first of a newer version is noted.
   OtioSchema Recognise(JsonValue object, const OtioPlace& place);
@@ -53,16 +51,20 @@ class OtioImport {
   void Finish() const;
 
  private:
-  std::filesystem::path folder;
+  MediaFolder folder;
   std::string stem;
   FileLookUp files;
   std::vector<ImportNote> notes;
+  OtioReport report;
   std::set<std::string_view> newerSchemas;
   const ImportProgress& progress;
   double parsedFraction = 0;
   std::size_t nodeCount = 1;
   std::size_t nextReport = 0;
 };
+
+/// The number of elements of an array, or members of an object.
+std::size_t CountElements(JsonValue value);
 
 /// Our own metadata of an object: the value of "sequence_index".
 inline JsonValue GetIndexMetadata(JsonValue object) {

@@ -18,6 +18,10 @@ std::string_view GetActiveKey(JsonValue clip) {
 
 OtioReference Classify(JsonValue object, OtioImport& import, const OtioPlace& place) {
   if (!object.HasValue()) return {};
+  if (!object.IsObject()) {
+    import.AddNote(place, object, "Its media is no object; it is shown as missing.");
+    return {};
+  }
   const OtioSchema schema = import.Recognise(object, place);
   OtioReference reference{object, schema.kind};
   if (schema.kind == OtioKind::kUnknown) {
@@ -34,10 +38,30 @@ std::optional<std::int64_t> ReadInteger(JsonValue value) {
   return static_cast<std::int64_t>(number->units / kUnitsPerOne);
 }
 
+struct ProxyEntry {
+  JsonValue reference;
+  bool isFoundByName = false;
+};
+
+ProxyEntry FindProxy(JsonValue references, std::string_view active) {
+  ProxyEntry found;
+  for (const JsonValue entry : references) {
+    if (!entry.IsObject()) continue;
+    const auto flag = GetIndexMetadata(entry)[JsonKey::kProxy].GetBool();
+    if (flag.value_or(false)) return {entry, false};
+    const bool hasName = ContainsIgnoringCase(entry.GetMemberName(), "proxy");
+    if (hasName && !flag && entry.GetMemberName() != active && !found.isFoundByName) {
+      found = {entry, true};
+    }
+  }
+  return found;
+}
+
+/// Wider than any file name in use; the file could say anything.
+constexpr std::int64_t kWidestNumber = 64;
+
 /// base + prefix + first number + suffix, the number padded with zeros.
 std::string GetFirstPicture(JsonValue reference) {
-  // Wider than any file name in use; the file could say anything.
-  constexpr std::int64_t kWidestNumber = 64;
   std::string url(reference[JsonKey::kTargetURLBase].GetText());
   if (!url.empty() && url.back() != '/') url += '/';
   url += reference[JsonKey::kNamePrefix].GetText();
@@ -77,21 +101,50 @@ bool HasFile(OtioKind kind) {
 }
 
 /// Addresses of other schemes can't be looked up and count as online.
-bool IsFileLost(const OtioReference& reference, const MediaAddress& address, OtioImport& import) {
+bool IsFileLost(const OtioReference& reference, const MediaAddress& address, OtioImport& import,
+                const OtioPlace& place) {
   if (!HasFile(reference.kind)) return false;
-  if (address.lookUpPath.empty()) return address.text.find("://") == std::string::npos;
-  return !import.FileExists(address.lookUpPath);
+  if (!address.lookUpPath.empty()) return !import.FileExists(address.lookUpPath);
+  const bool isOnline = address.text.find("://") != std::string::npos;
+  const OtioRemark remark = isOnline ? OtioRemark::kMediaOnline : OtioRemark::kForeignPaths;
+  if (!address.text.empty()) import.GetReport().Count(remark, place, reference.object);
+  return !isOnline;
 }
 
 void ReadOffline(const OtioReference& reference, const MediaAddress& address, OtioImport& import,
-                 MediaDraft& media) {
+                 const OtioPlace& place, MediaDraft& media) {
   const JsonValue index = GetIndexMetadata(reference.object);
   const bool isMissing = reference.kind == OtioKind::kMissingReference;
   const auto flag = index[JsonKey::kOffline].GetBool();
-  media.isOffline = flag ? *flag : isMissing || IsFileLost(reference, address, import);
+  media.isOffline = flag ? *flag : isMissing || IsFileLost(reference, address, import, place);
   if (!media.isOffline) return;
   media.offlineReason = index[JsonKey::kOfflineReason].GetString();
   if (media.offlineReason.empty()) media.offlineReason = isMissing ? kNoMedia : kFileNotFound;
+}
+
+/// Numbers that no picture file has give an address that is only a guess.
+void CheckPictureNumbers(JsonValue reference, OtioImport& import, const OtioPlace& place) {
+  constexpr std::int64_t kLastPicture = 999'999'999'999;
+  const JsonValue first = reference[JsonKey::kStartFrame];
+  const JsonValue padding = reference[JsonKey::kFrameZeroPadding];
+  const auto isUsable = [](JsonValue value, std::int64_t lowest, std::int64_t highest) {
+    if (!value.HasValue()) return true;
+    const auto number = ReadInteger(value);
+    return number && *number >= lowest && *number <= highest;
+  };
+  if (isUsable(first, -kLastPicture, kLastPicture) && isUsable(padding, 0, kWidestNumber)) return;
+  import.AddNote(place, reference,
+                 "No picture file has such a number; the address of its first picture is a guess.");
+}
+
+void CheckAddress(const OtioReference& reference, OtioImport& import, const OtioPlace& place) {
+  if (reference.kind == OtioKind::kImageSequenceReference) {
+    CheckPictureNumbers(reference.object, import, place);
+  }
+  if (reference.kind == OtioKind::kExternalReference) {
+    import.Expect(reference.object, JsonKey::kTargetURL, JsonValue::Type::kString, place,
+                  "The address of its media is no text; it is left out.");
+  }
 }
 
 }  // namespace
@@ -107,6 +160,8 @@ JsonValue FindActiveMedia(JsonValue clip) {
 }
 
 OtioReference FindActiveReference(JsonValue clip, OtioImport& import, const OtioPlace& place) {
+  import.Expect(clip, JsonKey::kMediaReferences, JsonValue::Type::kObject, place,
+                "Its media references are no object; they are left out.");
   const JsonValue media = FindActiveMedia(clip);
   if (media.GetType() == JsonValue::Type::kNone && clip[JsonKey::kMediaReferences].IsObject()) {
     import.AddNote(place, clip,
@@ -118,16 +173,18 @@ OtioReference FindActiveReference(JsonValue clip, OtioImport& import, const Otio
 
 OtioReference FindProxyReference(JsonValue clip, OtioImport& import, const OtioPlace& place) {
   const JsonValue references = clip[JsonKey::kMediaReferences];
+  if (!references.IsObject()) return {};
   const std::string_view active = GetActiveKey(clip);
-  JsonValue named;
-  for (const JsonValue entry : references) {
-    if (!entry.IsObject()) continue;
-    const auto flag = GetIndexMetadata(entry)[JsonKey::kProxy].GetBool();
-    if (flag.value_or(false)) return Classify(entry, import, place);
-    const bool hasName = ContainsIgnoringCase(entry.GetMemberName(), "proxy");
-    if (hasName && !flag && entry.GetMemberName() != active && !named.HasValue()) named = entry;
+  const ProxyEntry proxy = FindProxy(references, active);
+  if (proxy.isFoundByName) {
+    import.GetReport().Count(OtioRemark::kProxiesByName, place, proxy.reference);
   }
-  return Classify(named, import, place);
+  for (const JsonValue entry : references) {
+    const bool isUsed =
+        entry.GetMemberName() == active || entry.GetIndex() == proxy.reference.GetIndex();
+    if (entry.IsObject() && !isUsed) import.GetReport().Count(OtioRemark::kFurtherMedia, place, entry);
+  }
+  return Classify(proxy.reference, import, place);
 }
 
 MediaAddress ReadReferenceAddress(const OtioReference& reference, const OtioImport& import) {
@@ -145,7 +202,8 @@ MediaAddress ReadReferenceAddress(const OtioReference& reference, const OtioImpo
   }
 }
 
-MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import) {
+MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import, const OtioPlace& place) {
+  CheckAddress(reference, import, place);
   const JsonValue index = GetIndexMetadata(reference.object);
   const MediaAddress address = ReadReferenceAddress(reference, import);
   MediaDraft media;
@@ -153,7 +211,7 @@ MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import) {
   media.lookUpPath = address.lookUpPath.string();
   media.isSynthetic =
       index[JsonKey::kSynthetic].GetBool().value_or(reference.kind == OtioKind::kGeneratorReference);
-  ReadOffline(reference, address, import, media);
+  ReadOffline(reference, address, import, place, media);
   ReadStatus(index[JsonKey::kStatus], media);
   media.codec = index[JsonKey::kCodec].GetString();
   media.fourCC = ReadFourCC(index[JsonKey::kFourCC]);

@@ -33,7 +33,7 @@ MediaAddress ReadReferenceAddress(const OtioReference& reference, const OtioImpo
 /// A missing reference is offline, and so is a file that does not exist; generators never are. The
 /// flags of our metadata win over both, so a timeline can travel without its media and still tell what
 /// was online where it was written.
-MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import);
+MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import, const OtioPlace& place);
 
 /// The picture rate or sample rate that the reference is counted in, by the kind of track: a picture
 /// rate is at most 240 a second, a sample rate above.

@@ -65,8 +65,11 @@ class ItemRateSearch {
         if (const auto rate = FindIn(item)) return rate;
       }
     }
-    return step.FindFrameRate();
+    return std::nullopt;
   }
+
+  /// Of the items that FindIn() has looked at.
+  std::optional<Rate> FindCommonStep() const { return step.FindFrameRate(); }
 
  private:
   /// A nested item without a range is as long as its content, which is searched in its place: without
@@ -124,15 +127,24 @@ std::optional<Rate> FindSampleRate(const std::vector<OtioTrackSource>& tracks) {
   return std::nullopt;
 }
 
-Rate FindVideoRate(JsonValue timeline, const std::vector<OtioTrackSource>& tracks,
-                   std::optional<Rate> parent) {
+struct FoundRate {
+  Rate rate;
+  OtioRateSource source;
+};
+
+FoundRate FindVideoRate(JsonValue timeline, const std::vector<OtioTrackSource>& tracks,
+                        std::optional<Rate> parent) {
   const auto named = ReadNamedRate(GetIndexMetadata(timeline)[JsonKey::kFrameRate]);
-  if (named && named->IsPictureRate()) return *named;
+  if (named && named->IsPictureRate()) return {*named, OtioRateSource::kMetadata};
   const auto start = ReadOtioTime(timeline[JsonKey::kGlobalStartTime]).rate;
-  if (start && start->IsPictureRate()) return *start;
-  if (const auto video = ItemRateSearch(TrackKind::kVideo).FindIn(tracks)) return *video;
-  if (const auto audio = ItemRateSearch(TrackKind::kAudio).FindIn(tracks)) return *audio;
-  return parent.value_or(Rate{24, 1});
+  if (start && start->IsPictureRate()) return {*start, OtioRateSource::kStartTime};
+  ItemRateSearch videoSearch(TrackKind::kVideo);
+  if (const auto video = videoSearch.FindIn(tracks)) return {*video, OtioRateSource::kVideoItem};
+  if (const auto step = videoSearch.FindCommonStep()) return {*step, OtioRateSource::kVideoLengths};
+  const auto audio = ItemRateSearch(TrackKind::kAudio).FindIn(tracks);
+  if (audio) return {*audio, OtioRateSource::kAudioItem};
+  if (parent) return {*parent, OtioRateSource::kParent};
+  return {Rate{24, 1}, OtioRateSource::kNothing};
 }
 
 }  // namespace
@@ -140,7 +152,9 @@ Rate FindVideoRate(JsonValue timeline, const std::vector<OtioTrackSource>& track
 OtioSequenceRate FindOtioRates(JsonValue timeline, const std::vector<OtioTrackSource>& tracks,
                                std::optional<Rate> parent) {
   OtioSequenceRate rates;
-  rates.video = FindVideoRate(timeline, tracks, parent);
+  const FoundRate video = FindVideoRate(timeline, tracks, parent);
+  rates.video = video.rate;
+  rates.videoSource = video.source;
   const auto named = ReadNamedRate(GetIndexMetadata(timeline)[JsonKey::kAudioRate]);
   rates.isAudioRateNamed = named.has_value();
   rates.audio = named ? *named : FindSampleRate(tracks).value_or(Rate{48000, 1});

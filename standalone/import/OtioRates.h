@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -8,8 +9,20 @@
 
 namespace standalone {
 
+/// What tells the frame rate of a sequence.
+enum class OtioRateSource : std::uint8_t {
+  kMetadata,
+  kStartTime,
+  kVideoItem,     ///< The first picture item that is counted in one.
+  kVideoLengths,  ///< The common step of the picture items' lengths.
+  kAudioItem,
+  kParent,  ///< The sequence that this one is nested in.
+  kNothing,
+};
+
 struct OtioSequenceRate {
   Rate video;
+  OtioRateSource videoSource = OtioRateSource::kNothing;
   Rate audio;
   /// Whether the file itself names the audio rate in our metadata.
   bool isAudioRateNamed = false;

@@ -90,6 +90,24 @@ void RequireSchema(JsonValue root) {
                     "This is JSON but no OpenTimelineIO: its top object has no \"OTIO_SCHEMA\".");
 }
 
+std::string Times(std::size_t count) {
+  return count == 1 ? "" : " (" + std::to_string(count) + " times in the file)";
+}
+
+/// Damage of the text itself, which belongs to no item.
+void NoteRepairs(const JsonRepairs& repairs, OtioImport& import) {
+  if (repairs.repeatedMembers > 0) {
+    import.AddNote(repairs.repeatedMemberLine, "\"" + std::string(repairs.repeatedMemberName) +
+                                                   "\" stands twice in one object; the first is used" +
+                                                   Times(repairs.repeatedMembers) + ".");
+  }
+  if (repairs.brokenCharacters > 0) {
+    import.AddNote(repairs.brokenCharacterLine,
+                   "A text holds half a character; \uFFFD stands in its place" +
+                       Times(repairs.brokenCharacters) + ".");
+  }
+}
+
 }  // namespace
 
 std::string_view OtioReader::GetFormatName() const {
@@ -105,11 +123,12 @@ bool OtioReader::Recognises(std::string_view beginning, const std::filesystem::p
   return !isWide && (beginning[first] == '{' || beginning[first] == '[');
 }
 
-ImportResult OtioReader::Read(std::string buffer, const std::filesystem::path& file,
+ImportResult OtioReader::Read(std::string buffer, const TimelineSource& source,
                               const ImportProgress& progress) const {
   const JsonTree tree(std::move(buffer), progress, kParsedFraction);
   RequireSchema(tree.GetRoot());
-  OtioImport import(file, progress);
+  OtioImport import(source, progress);
+  NoteRepairs(tree.GetRepairs(), import);
   import.SetScale(kParsedFraction, tree.GetNodeCount());
   const std::vector<JsonValue> objects =
       ChooseSequences(FindTopObjects(tree.GetRoot(), import), import);
@@ -124,7 +143,9 @@ ImportResult OtioReader::Read(std::string buffer, const std::filesystem::path& f
   for (SequenceDraft& nested : builder.TakeNested()) {
     result.document.sequences.push_back(std::move(nested));
   }
+  import.GetReport().AddUnreadMetadata(tree, objects.size() > 1);
   result.notes = import.TakeNotes();
+  result.report = import.GetReport().TakeLines();
   import.Finish();
   return result;
 }

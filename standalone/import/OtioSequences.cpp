@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "standalone/import/OtioFormat.h"
+#include "standalone/import/OtioItemReport.h"
+
 namespace standalone {
 namespace {
 
@@ -15,31 +18,11 @@ constexpr std::size_t kDeepestNesting = 256;
 /// The last tick that a file may use; the host's open filler ends at 100 hours.
 constexpr TickTime kLastTick{qelmediatypes::kOneHundredHours.GetTicks() - 1};
 
-bool IsDropFrameRate(const Rate& rate) {
-  return rate == Rate{30000, 1001} || rate == Rate{60000, 1001};
-}
-
-void ReadFormat(JsonValue timeline, const OtioSequenceRate& rates, SequenceDraft& sequence) {
-  const JsonValue index = GetIndexMetadata(timeline);
-  sequence.videoRate = rates.video.ToFrameRate();
-  sequence.audioRate = rates.audio.ToFrameRate();
-  sequence.isDropFrame = index[JsonKey::kDropFrame].GetBool().value_or(IsDropFrameRate(rates.video));
-  sequence.timeFormat =
-      FindTimeFormat(index[JsonKey::kTimeDisplay].GetText()).value_or(TimeFormat::kTimecode);
-}
-
-TickTime ReadZeroPoint(JsonValue timeline, OtioImport& import, std::string_view name) {
-  const JsonValue start = timeline[JsonKey::kGlobalStartTime];
-  const OtioTimeReading reading = ReadOtioTime(start);
-  if (reading.time) return ToTicks(*reading.time);
-  if (!reading.trouble.empty()) {
-    import.AddNote(OtioPlace{name, {}, {}, {}}, start,
-                   "The start time " + std::string(reading.trouble) + "; the sequence starts at zero.");
-  }
-  return TickTime();
-}
-
-TrackDraft ReadTrack(const OtioTrackSource& source) {
+TrackDraft ReadTrack(const OtioTrackSource& source, OtioImport& import, const OtioPlace& place) {
+  import.Expect(source.track, JsonKey::kName, JsonValue::Type::kString, place,
+                "Its name is no text; it is left out.");
+  import.Expect(source.track, JsonKey::kEnabled, JsonValue::Type::kBool, place,
+                "\"enabled\" must be true or false; it is taken as enabled.");
   const JsonValue index = GetIndexMetadata(source.track);
   const JsonValue writer = source.track[JsonKey::kMetadata][JsonKey::kResolve];
   TrackDraft track;
@@ -108,11 +91,18 @@ OtioWindow MakeWindow(const std::optional<OtioRange>& track, const std::optional
 
 SequenceDraft OtioSequenceBuilder::Build(JsonValue object) {
   std::string name = object[JsonKey::kName].GetString();
-  if (name.empty()) name = import.GetStem();
+  const bool isNameless = name.empty();
+  if (isNameless) name = import.GetStem();
   const bool isTimeline = GetOtioSchema(object).kind == OtioKind::kTimeline;
   const JsonValue composition = isTimeline ? object[JsonKey::kTracks] : object;
   const std::string place = timelineCount > 1 ? name : std::string();
   const JsonValue timeline = isTimeline ? object : JsonValue();
+  const OtioPlace where{place, {}, {}, {}};
+  if (isNameless) import.GetReport().Count(OtioRemark::kNameOfFile, where, object);
+  if (!composition.IsObject()) {
+    import.AddNote(where, composition.HasValue() ? composition : object,
+                   "The timeline has no stack of tracks; it is shown empty.");
+  }
   return BuildContent(timeline, composition, true, std::move(name), Parent{place, std::nullopt, 0})
       .sequence;
 }
@@ -131,14 +121,16 @@ OtioSequenceBuilder::Content OtioSequenceBuilder::BuildContent(JsonValue timelin
   const std::vector<OtioTrackSource> sources = FindOtioTracks(composition, import, place);
   const OtioSequenceRate rates = FindOtioRates(timeline, sources, parent.rate);
   Content content;
-  ReadFormat(timeline, rates, content.sequence);
-  content.sequence.zeroPoint = ReadZeroPoint(timeline, import, parent.place);
+  const bool isOwn = parent.depth == 0;
+  const JsonValue object = timeline.HasValue() ? timeline : composition;
+  ReadOtioFormat(timeline, isOwn ? object : JsonValue(), rates, import, place, content.sequence);
+  if (isStack && isOwn) ReportTimelineStack(composition, import, place);
   std::optional<OtioRange> stackRange;
   if (isStack && hasWindow) stackRange = ReadWindowRange(composition, import, place);
 
   const OtioSequenceRates itemRates{
       content.sequence.videoRate, content.sequence.audioRate,
-      (rates.isAudioRateNamed ? rates.audio : Rate{48000, 1}).ToFrameRate()};
+      (rates.isAudioRateNamed ? rates.audio : Rate{48000, 1}).ToFrameRate(), rates.isAudioRateNamed};
   const OtioNesting nest = [&](JsonValue item) {
     return BuildNested(item, Parent{parent.place, rates.video, depth});
   };
@@ -146,9 +138,11 @@ OtioSequenceBuilder::Content OtioSequenceBuilder::BuildContent(JsonValue timelin
   for (const OtioTrackSource& source : sources) {
     std::optional<OtioRange> range;
     const OtioPlace trackPlace{parent.place, source.label, {}, {}};
-    if (source.track.HasValue() && (isStack || hasWindow))
+    if (source.track.HasValue() && (isStack || hasWindow)) {
       range = ReadTrackRange(source, import, trackPlace);
-    TrackDraft& track = content.sequence.tracks.emplace_back(ReadTrack(source));
+      ReportTrack(source.track, import, trackPlace);
+    }
+    TrackDraft& track = content.sequence.tracks.emplace_back(ReadTrack(source, import, trackPlace));
     TimeSum length = LayOutTrack(source, MakeWindow(range, stackRange), context, track);
     if (range) {
       length = TimeSum();

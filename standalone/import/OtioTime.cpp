@@ -6,7 +6,9 @@ OtioTimeReading ReadOtioTime(JsonValue rationalTime) {
   OtioTimeReading reading;
   if (!rationalTime.HasValue()) return reading;
   const auto value = ParseDecimal(rationalTime[JsonKey::kValue].GetNumber());
-  reading.rate = ParseRate(rationalTime[JsonKey::kRate].GetNumber());
+  const std::string_view rate = rationalTime[JsonKey::kRate].GetNumber();
+  reading.rate = ParseRate(rate);
+  if (reading.rate && IsRoundedRate(rate, *reading.rate)) reading.roundedRate = rate;
   if (!value) {
     reading.trouble = "is not a number";
   } else if (!reading.rate) {

@@ -14,6 +14,8 @@ struct OtioTimeReading {
   std::optional<RationalTime> time;
   /// Known even when the value can't be used.
   std::optional<Rate> rate;
+  /// How the file writes the rate, where that is a rounded decimal; else empty.
+  std::string_view roundedRate;
   /// What is wrong, as the end of a sentence ("is not a number"); empty: nothing, or absent.
   std::string_view trouble;
 };

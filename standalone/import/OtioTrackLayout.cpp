@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "standalone/import/OtioEffects.h"
+#include "standalone/import/OtioItemReport.h"
 
 namespace standalone {
 namespace {
@@ -32,12 +33,14 @@ class TrackLayout {
   void PlaceUnknown(JsonValue item, const OtioSchema& schema);
 
   /// Moves on by the range's duration, or stays where it can't be read, which is noted.
-  void Advance(JsonValue item, const OtioRange& range);
+  void Advance(JsonValue item, std::string_view word, const OtioRange& range);
   void AdvanceTo(const TimeSum& duration);
   bool IsVisible() const;
   /// Adds the item between start and end, cut to the window, unless nothing of it is visible.
   void Append(std::optional<ClipDraft> clip);
   void DropTrailingGaps();
+  void NoteLooseTransition();
+  void ReportOutside(const OtioPlace& place, JsonValue item);
   void NoteCut(JsonValue item);
   OtioPlace PlaceOf(std::string_view word, std::string_view name) const;
 
@@ -55,6 +58,11 @@ class TrackLayout {
   /// Whether the last item of the track is a clip that the next object follows directly.
   bool isAfterClip = false;
   std::optional<TransitionDraft> pendingTransition;
+  /// The pending one as long as no clip has it.
+  JsonValue looseTransition;
+  /// Gaps behind the last clip.
+  std::size_t gapsAtEnd = 0;
+  JsonValue firstGapAtEnd;
 };
 
 TimeSum TrackLayout::LayOut() {
@@ -67,6 +75,7 @@ TimeSum TrackLayout::LayOut() {
     }
     PlaceItem(item);
   }
+  NoteLooseTransition();
   DropTrailingGaps();
   return position;
 }
@@ -105,12 +114,27 @@ void TrackLayout::PlaceTransition(JsonValue transition) {
   }
   isAfterTransition = true;
   pendingTransition = ReadTransition(transition);
-  if (isAfterClip) track.items.back().clip->tailTransition = pendingTransition;
+  ReportTransition(transition, import, PlaceOf("transition", transition[JsonKey::kName].GetText()));
+  if (isAfterClip) {
+    track.items.back().clip->tailTransition = pendingTransition;
+  } else {
+    looseTransition = transition;
+  }
+}
+
+void TrackLayout::NoteLooseTransition() {
+  const JsonValue transition = std::exchange(looseTransition, {});
+  if (!transition.HasValue()) return;
+  import.AddNote(PlaceOf("transition", transition[JsonKey::kName].GetText()), transition,
+                 "It touches no clip; it is left out.");
 }
 
 void TrackLayout::PlaceGap(JsonValue gap) {
-  Advance(gap, ReadOtioRange(gap[JsonKey::kSourceRange]));
+  NoteLooseTransition();
+  Advance(gap, "gap", ReadOtioRange(gap[JsonKey::kSourceRange]));
   Append(std::nullopt);
+  ReportGap(gap, import, PlaceOf("gap", gap[JsonKey::kName].GetText()));
+  if (IsVisible() && gapsAtEnd++ == 0) firstGapAtEnd = gap;
   isAfterClip = false;
   pendingTransition.reset();
 }
@@ -118,24 +142,34 @@ void TrackLayout::PlaceGap(JsonValue gap) {
 void TrackLayout::PlaceClip(JsonValue clip) {
   const OtioPlace place = PlaceOf("clip", clip[JsonKey::kName].GetText());
   const OtioReference reference = FindActiveReference(clip, import, place);
-  OtioRange range = ReadOtioRange(clip[JsonKey::kSourceRange]);
-  if (!range.isPresent) range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]);
-  Advance(clip, range);
-  if (!IsVisible()) return;
+  const OtioRange own = ReadOtioRange(clip[JsonKey::kSourceRange]);
+  Advance(clip, "clip",
+          own.isPresent ? own : ReadOtioRange(reference.object[JsonKey::kAvailableRange]));
+  if (!IsVisible()) {
+    ReportOutside(place, clip);
+    return;
+  }
+  ReportMarkers(clip, import, place);
+  ReportClipRange(clip, own, reference.object, import, place);
   Append(ReadOtioClip(clip, reference, source.kind, context.rates, import, place));
 }
 
 void TrackLayout::PlaceNested(JsonValue item, OtioKind kind) {
-  const std::string_view name = item[JsonKey::kName].GetText();
+  const std::string_view word = kind == OtioKind::kStack ? "stack" : "track";
   const OtioNestedSequence nested = context.nest(item);
   const OtioRange range = ReadOtioRange(item[JsonKey::kSourceRange]);
   if (range.isPresent) {
-    Advance(item, range);
+    Advance(item, word, range);
   } else {
     AdvanceTo(nested.length);
   }
-  if (!IsVisible()) return;
-  const OtioPlace place = PlaceOf(kind == OtioKind::kStack ? "stack" : "track", name);
+  const OtioPlace place = PlaceOf(word, item[JsonKey::kName].GetText());
+  if (!IsVisible()) {
+    ReportOutside(place, item);
+    return;
+  }
+  ReportMarkers(item, import, place);
+  import.GetReport().Count(OtioRemark::kNestedContents, place, item);
   ClipDraft clip = ReadOtioNestedItem(item, import, place);
   if (clip.name.empty()) clip.name = nested.name;
   if (clip.sourceClipName.empty()) clip.sourceClipName = nested.name;
@@ -152,21 +186,33 @@ void TrackLayout::PlaceUnknown(JsonValue item, const OtioSchema& schema) {
   TimeSum duration;
   if (range.duration.time) duration.Add(*range.duration.time);
   AdvanceTo(duration);
+  const std::string kind = schema.name.empty()
+                               ? "An object without \"OTIO_SCHEMA\""
+                               : "Unknown kind of object \"" + std::string(schema.name) + "\"";
   import.AddNote(place, item,
-                 "Unknown kind of object \"" + std::string(schema.name) +
-                     (range.duration.time ? "\"; it is shown as a clip without media."
-                                          : "\"; it is shown as a clip without media and duration."));
-  if (!IsVisible()) return;
+                 kind + (range.duration.time ? "; it is shown as a clip without media."
+                                             : "; it is shown as a clip without media and duration."));
+  if (!IsVisible()) {
+    ReportOutside(place, item);
+    return;
+  }
+  ReportMarkers(item, import, place);
+  const JsonValue children = item[JsonKey::kChildren];
+  if (children.IsArray() && CountElements(children) > 0) {
+    import.GetReport().Count(OtioRemark::kUnknownContents, place, item);
+  }
   ClipDraft clip = ReadOtioUnknownItem(item, import, place);
   if (source.kind == TrackKind::kAudio)
     clip.frameDuration = context.rates.unknownAudio.GetFrameDuration();
   Append(std::move(clip));
 }
 
-void TrackLayout::Advance(JsonValue item, const OtioRange& range) {
+void TrackLayout::Advance(JsonValue item, std::string_view word, const OtioRange& range) {
   TimeSum duration;
   if (range.duration.time) duration.Add(*range.duration.time);
   AdvanceTo(duration);
+  const OtioPlace place = PlaceOf(word, item[JsonKey::kName].GetText());
+  ReportRate(range.duration, item, import, place);
   const bool isStartBad = !range.start.trouble.empty();
   if (range.duration.time && !isStartBad) return;
   std::string sentence = "It has no range";
@@ -178,9 +224,7 @@ void TrackLayout::Advance(JsonValue item, const OtioRange& range) {
     sentence += range.start.trouble;
   }
   sentence += range.duration.time ? "; its duration is used." : "; it is shown with duration 0.";
-  const bool isGap = GetOtioSchema(item).kind == OtioKind::kGap;
-  import.AddNote(PlaceOf(isGap ? "gap" : "clip", item[JsonKey::kName].GetText()), item,
-                 std::move(sentence));
+  import.AddNote(place, item, std::move(sentence));
 }
 
 void TrackLayout::AdvanceTo(const TimeSum& duration) {
@@ -190,6 +234,7 @@ void TrackLayout::AdvanceTo(const TimeSum& duration) {
   if (IsVisible()) return;
   isAfterClip = false;
   pendingTransition.reset();
+  looseTransition = JsonValue();
 }
 
 bool TrackLayout::IsVisible() const {
@@ -201,13 +246,25 @@ bool TrackLayout::IsVisible() const {
 void TrackLayout::Append(std::optional<ClipDraft> clip) {
   if (!IsVisible()) return;
   isAfterClip = clip.has_value();
-  if (clip) clip->headTransition = std::exchange(pendingTransition, std::nullopt);
+  if (clip) {
+    clip->headTransition = std::exchange(pendingTransition, std::nullopt);
+    looseTransition = JsonValue();
+    gapsAtEnd = 0;
+  }
   track.items.push_back(
       TrackItemDraft{std::max(start, window.lowest), std::min(end, window.highest), std::move(clip)});
 }
 
 void TrackLayout::DropTrailingGaps() {
   while (!track.items.empty() && !track.items.back().clip) track.items.pop_back();
+  import.GetReport().Count(OtioRemark::kGapsAtEnd,
+                           PlaceOf("gap", firstGapAtEnd[JsonKey::kName].GetText()), firstGapAtEnd,
+                           gapsAtEnd);
+}
+
+/// Past 100 hours that is told once for the track.
+void TrackLayout::ReportOutside(const OtioPlace& place, JsonValue item) {
+  if (!isCut) import.GetReport().Count(OtioRemark::kItemsOutsideRange, place, item);
 }
 
 void TrackLayout::NoteCut(JsonValue item) {

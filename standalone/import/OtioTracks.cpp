@@ -17,7 +17,8 @@ std::optional<TrackKind> ReadTrackKind(JsonValue track) {
 
 class TrackFinder {
  public:
-  TrackFinder(OtioImport& import, const OtioPlace& place) : import(import), place(place) {}
+  TrackFinder(OtioImport& import, const OtioPlace& place, bool isInStack)
+      : import(import), place(place), isInStack(isInStack) {}
 
   void Add(JsonValue child) {
     const OtioSchema schema = import.Recognise(child, place);
@@ -26,43 +27,53 @@ class TrackFinder {
     } else if (schema.kind == OtioKind::kTransition || !child.IsObject()) {
       import.AddNote(place, child, "Only tracks and items can stand in a stack; this is left out.");
     } else {
-      Append(OtioTrackSource{{}, TrackKind::kVideo, {}, {child}});
+      const OtioPlace trackPlace = Append(OtioTrackSource{{}, TrackKind::kVideo, {}, {child}});
+      if (isInStack) import.GetReport().Count(OtioRemark::kTracksAroundItems, trackPlace, child);
     }
   }
 
+  std::vector<OtioTrackSource> TakeSources() { return std::move(sources); }
+
+ private:
   void AddTrack(JsonValue track) {
     const auto kind = ReadTrackKind(track);
     if (!kind) {
       NoteKind(track);
       return;
     }
-    OtioTrackSource source{track, *kind, {}, {}};
-    for (const JsonValue item : track[JsonKey::kChildren]) source.items.push_back(item);
-    Append(std::move(source));
+    const OtioPlace trackPlace = Append(OtioTrackSource{track, *kind, {}, {}});
+    const JsonValue written = import.Expect(track, JsonKey::kKind, JsonValue::Type::kString, trackPlace,
+                                            "Its kind is no text; it is taken for a picture track.");
+    if (written.GetText().empty()) {
+      import.GetReport().Count(OtioRemark::kTrackKinds, trackPlace, track);
+    }
+    const JsonValue items = import.Expect(track, JsonKey::kChildren, JsonValue::Type::kArray,
+                                          trackPlace, "Its children are no list; they are left out.");
+    for (const JsonValue item : items) sources.back().items.push_back(item);
   }
 
-  std::vector<OtioTrackSource> TakeSources() { return std::move(sources); }
-
- private:
-  void Append(OtioTrackSource source) {
+  OtioPlace Append(OtioTrackSource source) {
     const bool isVideo = source.kind == TrackKind::kVideo;
     int& count = isVideo ? videoCount : audioCount;
     source.label = (isVideo ? "V" : "A") + std::to_string(++count);
     sources.push_back(std::move(source));
+    return OtioPlace{place.sequence, sources.back().label, {}, {}};
   }
 
   void NoteKind(JsonValue track) {
-    const std::string name = track[JsonKey::kName].GetString();
-    OtioPlace trackPlace = place;
-    trackPlace.itemWord = "track";
-    trackPlace.itemName = name;
+    const std::string kind = "the kind \"" + track[JsonKey::kKind].GetString() + "\"";
+    const OtioPlace trackPlace{place.sequence, {}, "track", track[JsonKey::kName].GetText()};
     import.AddNote(trackPlace, track,
-                   "Tracks of the kind \"" + track[JsonKey::kKind].GetString() +
-                       "\" hold neither picture nor sound and are not shown.");
+                   "Tracks of " + kind + " hold neither picture nor sound and are not shown.");
+    const std::size_t count = CountElements(track[JsonKey::kChildren]);
+    import.GetReport().Add(trackPlace, track,
+                           "Not shown: a track of " + kind + " with " + std::to_string(count) +
+                               (count == 1 ? " item." : " items."));
   }
 
   OtioImport& import;
   const OtioPlace& place;
+  bool isInStack;
   int videoCount = 0;
   int audioCount = 0;
   std::vector<OtioTrackSource> sources;
@@ -72,11 +83,13 @@ class TrackFinder {
 
 std::vector<OtioTrackSource> FindOtioTracks(JsonValue composition, OtioImport& import,
                                             const OtioPlace& place) {
-  TrackFinder finder(import, place);
-  const OtioKind kind = GetOtioSchema(composition).kind;
-  if (kind == OtioKind::kStack) {
-    for (const JsonValue child : composition[JsonKey::kChildren]) finder.Add(child);
-  } else if (composition.HasValue()) {
+  const bool isStack = GetOtioSchema(composition).kind == OtioKind::kStack;
+  TrackFinder finder(import, place, isStack);
+  if (isStack) {
+    const JsonValue children = import.Expect(composition, JsonKey::kChildren, JsonValue::Type::kArray,
+                                             place, "The tracks are no list; they are left out.");
+    for (const JsonValue child : children) finder.Add(child);
+  } else if (composition.IsObject()) {
     finder.Add(composition);
   }
   return finder.TakeSources();

@@ -174,6 +174,19 @@ std::optional<Rate> ParseRate(std::string_view text) {
   return MakeRate(first->units / kUnitsPerOne, second->units / kUnitsPerOne);
 }
 
+std::string FormatRate(const Rate& rate) {
+  const std::string frames = std::to_string(rate.numerator);
+  return rate.denominator == 1 ? frames : frames + "/" + std::to_string(rate.denominator);
+}
+
+bool IsRoundedRate(std::string_view text, const Rate& rate) {
+  constexpr std::size_t kExactDecimals = 8;
+  constexpr std::int64_t kPulled = 1001;
+  if (rate.denominator != kPulled) return false;
+  const std::size_t point = text.find('.');
+  return point != std::string_view::npos && text.size() - point - 1 < kExactDecimals;
+}
+
 void TimeSum::AddUnits(const Rate& rate, Wide units) {
   constexpr std::size_t kMostTerms = 16;
   constexpr Wide kLimit = kLargestUnits * 1000;

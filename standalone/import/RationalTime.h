@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -43,6 +44,13 @@ struct STANDALONE_API Rate {
 /// Reads a rate as files write it: "25", "30000/1001", and decimals. Decimals near a pulled rate mean
 /// that rate: 23.976, 23.98, 29.97 and 59.94 are n * 1000/1001. Empty when it is no rate.
 STANDALONE_API std::optional<Rate> ParseRate(std::string_view text);
+
+/// "30000/1001", or "25" for a whole number.
+STANDALONE_API std::string FormatRate(const Rate& rate);
+
+/// Whether a text that ParseRate took for a pulled rate is a decimal with too few places to be that
+/// rate itself: "29.97", but not "29.97002997".
+STANDALONE_API bool IsRoundedRate(std::string_view text, const Rate& rate);
 
 struct RationalTime {
   Decimal value;

@@ -6,6 +6,7 @@
 
 #include "standalone/import/FileBuffer.h"
 #include "standalone/import/OtioReader.h"
+#include "standalone/import/TimelineText.h"
 
 namespace standalone {
 namespace {
@@ -17,7 +18,6 @@ struct ForeignFormat {
 };
 
 constexpr std::array kForeignFormats = {
-    ForeignFormat{"PK\x03\x04", "This is a zip archive; take the .otio file out of it and give that."},
     ForeignFormat{"\xFF\xFE", "The text is UTF-16; save the file as UTF-8."},
     ForeignFormat{"\xFE\xFF", "The text is UTF-16; save the file as UTF-8."},
     // The same without a byte-order mark.
@@ -28,7 +28,7 @@ constexpr std::array kForeignFormats = {
 };
 
 constexpr const char* kUnknownFormat =
-    "This is no timeline in a known format; give an OpenTimelineIO file (.otio).";
+    "This is no timeline in a known format; give an OpenTimelineIO file (.otio) or bundle (.otioz).";
 
 std::string_view SkipBlanks(std::string_view text) {
   text = SkipByteOrderMark(text);
@@ -45,6 +45,20 @@ std::string_view SkipBlanks(std::string_view text) {
   throw ImportError(1, kUnknownFormat);
 }
 
+ImportResult ReadText(TimelineText timeline, const std::filesystem::path& file,
+                      const ImportProgress& progress) {
+  static const OtioReader otio;
+  static const std::array<const TimelineReader*, 1> readers = {&otio};
+  // Enough for any format to show itself behind blanks and comments.
+  constexpr std::size_t kBeginning = 4096;
+  for (const TimelineReader* reader : readers) {
+    if (reader->Recognises(std::string_view(timeline.text).substr(0, kBeginning), file)) {
+      return reader->Read(std::move(timeline.text), timeline.source, progress);
+    }
+  }
+  ThrowForeign(timeline.text);
+}
+
 }  // namespace
 
 ImportError::ImportError(std::size_t line, std::string sentence)
@@ -53,17 +67,15 @@ ImportError::ImportError(std::size_t line, std::string sentence)
 TimelineReader::~TimelineReader() = default;
 
 ImportResult ReadTimelineFile(const std::filesystem::path& file, const ImportProgress& progress) {
-  static const OtioReader otio;
-  static const std::array<const TimelineReader*, 1> readers = {&otio};
-  // Enough for any format to show itself behind blanks and comments.
-  constexpr std::size_t kBeginning = 4096;
-  std::string buffer = ReadWholeFile(file);
-  for (const TimelineReader* reader : readers) {
-    if (reader->Recognises(std::string_view(buffer).substr(0, kBeginning), file)) {
-      return reader->Read(std::move(buffer), file, progress);
-    }
+  TimelineText timeline = ReadTimelineText(file, progress);
+  const std::string bundledFile = timeline.bundledFile;
+  try {
+    return ReadText(std::move(timeline), file, progress);
+  } catch (const ImportError& error) {
+    // A line is one of the file within, not of the bundle that was given.
+    if (bundledFile.empty() || error.GetLine() == 0) throw;
+    throw ImportError(error.GetLine(), bundledFile + ": " + error.what());
   }
-  ThrowForeign(buffer);
 }
 
 }  // namespace standalone

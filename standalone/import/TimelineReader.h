@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/import/TimelineSource.h"
 #include "standalone/model/SequenceDraft.h"
 #include "standalone/runtime/StandaloneAPI.h"
 
@@ -67,18 +68,23 @@ class STANDALONE_API TimelineReader {
   /// Whether a file that starts with `beginning` is of this format. The name decides only where the
   /// content can't.
   virtual bool Recognises(std::string_view beginning, const std::filesystem::path& file) const = 0;
-  /// Reads the file's whole content, `buffer`, which it may overwrite; `file` gives the name of an
+  /// Reads the timeline's whole text, `buffer`, which it may overwrite; `source` gives the name of an
   /// unnamed timeline and the folder for relative media addresses. Throws ImportError.
-  virtual ImportResult Read(std::string buffer, const std::filesystem::path& file,
+  virtual ImportResult Read(std::string buffer, const TimelineSource& source,
                             const ImportProgress& progress) const = 0;
 
  protected:
   TimelineReader() = default;
 };
 
-/// Reads a timeline file of any known format. Time and memory grow linearly with the file. [any-thread]
-/// Throws ImportError: missing, a folder, unreadable, empty, truncated, of no known format, with
-/// nothing to show, nested deeper than 256 levels, or cancelled.
+/// Reads a timeline of any known format: a file, or an OpenTimelineIO bundle, which is a folder or a
+/// zip archive that holds a content.otio together with its media. A bundle's media are looked up inside
+/// it (see MediaAddress), never read or unpacked; the lines of notes and errors are those of
+/// content.otio. Time and memory grow linearly with the timeline's text, and with the number of an
+/// archive's files; an archive that comes through a pipe is kept in memory. [any-thread] Throws
+/// ImportError: missing, a folder that is no bundle, unreadable, empty, truncated, of no known format,
+/// a damaged, encrypted or foreign archive, with nothing to show, nested deeper than 256 levels, or
+/// cancelled.
 STANDALONE_API ImportResult ReadTimelineFile(const std::filesystem::path& file,
                                              const ImportProgress& progress = {});
 

@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+#include <unordered_set>
+
 namespace standalone {
 namespace {
 
 MediaAddress Read(std::string_view written) {
-  return ReadMediaAddress(written, "/cut");
+  return ReadMediaAddress(written, {"/cut"});
 }
 
 TEST(MediaAddresses, AFileURLIsItsDecodedPath) {
@@ -43,6 +47,38 @@ TEST(MediaAddresses, RelativeAddressesAreDecodedAndLookedUpBesideTheTimeline) {
   EXPECT_EQ(Read("../footage/sky%20one.mov").lookUpPath, "/footage/sky one.mov");
   EXPECT_EQ(Read("boom.wav").lookUpPath, "/cut/boom.wav");
   EXPECT_EQ(Read("take:1.mov").text, "take:1.mov");
+}
+
+/// An archive with those files.
+MediaFolder Archive(const std::unordered_set<std::string>& files) {
+  return {"/cut/a.otioz", std::make_shared<const std::unordered_set<std::string>>(files)};
+}
+
+TEST(MediaAddresses, RelativeOnesOfAnArchiveLieBelowIt) {
+  const MediaFolder archive = Archive({"media/sky one.mov", "media/100%41.mov"});
+  EXPECT_EQ(ReadMediaAddress("media/sky%20one.mov", archive).text, "media/sky one.mov");
+  EXPECT_EQ(ReadMediaAddress("media/sky%20one.mov", archive).lookUpPath,
+            "/cut/a.otioz/media/sky one.mov");
+  EXPECT_EQ(ReadMediaAddress("media/none.mov", archive).lookUpPath, "/cut/a.otioz/media/none.mov");
+  EXPECT_EQ(ReadMediaAddress("media/100%41.mov", archive).lookUpPath, "/cut/a.otioz/media/100%41.mov");
+}
+
+TEST(MediaAddresses, NoneLeavesAnArchive) {
+  const MediaFolder archive = Archive({"clip.mov"});
+  for (const char* written : {"../clip.mov", "media/../../clip.mov", "..", "../a.otioz.mov"}) {
+    EXPECT_EQ(ReadMediaAddress(written, archive).text, written);
+    EXPECT_EQ(ReadMediaAddress(written, archive).lookUpPath, "") << written;
+  }
+}
+
+TEST(FileLookUps, AskTheArchiveForPathsBelowItAndTheDiskForOthers) {
+  FileLookUp files(Archive({"media/clip.mov"}));
+  EXPECT_TRUE(files.Exists("/cut/a.otioz/media/clip.mov"));
+  EXPECT_FALSE(files.Exists("/cut/a.otioz/media/other.mov"));
+  EXPECT_FALSE(files.Exists("/cut/a.otioz/media"));
+  EXPECT_FALSE(files.Exists("/cut/a.otioz"));
+  EXPECT_TRUE(files.Exists(__FILE__));
+  EXPECT_FALSE(files.Exists("/cut/media/clip.mov"));
 }
 
 TEST(MediaAddresses, PercentSignsThatAreNoCodeStay) {

@@ -38,8 +38,8 @@ TEST(TopObjects, CollectionsAreFlattenedInTheOrderOfTheFile) {
 
 TEST(TopObjects, WhatStandsBesideTimelinesIsNoted) {
   EXPECT_THAT(draft::Sentences(fixtures::Read("collections_in_collections.otio")),
-              ElementsAre("track \"Loose track\": It stands beside the timelines and is not shown.",
-                          "clip \"Loose\": It stands beside the timelines and is not shown.",
+              ElementsAre("clip \"Loose\": It stands beside the timelines and is not shown.",
+                          "track \"Loose track\": It stands beside the timelines and is not shown.",
                           "object \"Bin\": It stands beside the timelines and is not shown."));
 }
 

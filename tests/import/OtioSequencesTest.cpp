@@ -136,6 +136,44 @@ TEST(Sequences, DropFrameIsInferredFor2997And5994Alone) {
   EXPECT_TRUE(isDropFrame("119.88", otio::Index(R"("drop_frame": true)")));
 }
 
+TEST(Sequences, TheTimeDisplayIsReadByItsName) {
+  const auto read = [](const std::string& display) {
+    return otio::Read(otio::Timeline({}, otio::Index("\"time_display\": " + display)));
+  };
+  const auto format = [&](const std::string& display) {
+    const ImportResult result = read(display);
+    EXPECT_THAT(draft::Notes(result), ElementsAre()) << display;
+    return result.document.sequences.at(0).timeFormat;
+  };
+  EXPECT_EQ(format("\"timecode\""), TimeFormat::kTimecode);
+  EXPECT_EQ(format("\"frames\""), TimeFormat::kFrames);
+  EXPECT_EQ(format("\"feet+frames 16mm\""), TimeFormat::kFeetAndFrames16mm);
+  EXPECT_EQ(format("\"feet+frames 35mm\""), TimeFormat::kFeetAndFrames35mm);
+  EXPECT_EQ(format("\"audio samples\""), TimeFormat::kAudioSamples);
+  EXPECT_EQ(format("\"milliseconds\""), TimeFormat::kMilliseconds);
+  EXPECT_EQ(format("\"\""), TimeFormat::kTimecode);
+  EXPECT_EQ(format("null"), TimeFormat::kTimecode);
+}
+
+TEST(Sequences, AnUnknownTimeDisplayIsNotedAndTimecodeUsed) {
+  const ImportResult result =
+      otio::Read(otio::Timeline({}, otio::Index("\n\n\"time_display\": \"cubits\"")));
+  EXPECT_EQ(result.document.sequences.at(0).timeFormat, TimeFormat::kTimecode);
+  EXPECT_THAT(draft::Notes(result),
+              ElementsAre("3: : The time display \"cubits\" is not known; timecode is used."));
+}
+
+TEST(Sequences, AnUnknownTimeDisplayNamesItsSequenceWhereAFileHoldsSeveral) {
+  const std::string second =
+      otio::Item("Timeline.1", "Reel 2",
+                 R"(, "tracks": )" + otio::Stack({}) + otio::Index(R"("time_display": "ells")"));
+  const ImportResult result = otio::Read(otio::Item(
+      "SerializableCollection.1", "", R"(, "children": )" + otio::List({otio::Timeline({}), second})));
+  EXPECT_THAT(draft::Notes(result),
+              ElementsAre("2: sequence \"Reel 2\": The time display \"ells\" is not known; timecode is "
+                          "used."));
+}
+
 TEST(Sequences, OurKeysOfTimelineAndTrackAreRead) {
   const SequenceDraft sequence = fixtures::ReadSequence("everything_of_ours.otio");
   EXPECT_EQ(sequence.videoRate.GetFrameDuration().GetTicks(), draft::k2997);

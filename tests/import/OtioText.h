@@ -78,7 +78,7 @@ inline std::string File(const std::string& url, const std::string& extra = "") {
 
 /// Reads a text as if it were the content of /cut/scene.otio.
 inline standalone::ImportResult Read(const std::string& text) {
-  return standalone::OtioReader().Read(text, "/cut/scene.otio", {});
+  return standalone::OtioReader().Read(text, standalone::DescribeFile("/cut/scene.otio"), {});
 }
 
 /// The first clip of the first track of a timeline that has only this item.

@@ -134,13 +134,13 @@ TEST(TrackLayout, NaNAndInfiniteTimesAreNotedAndTheRestIsKept) {
                           "V1 10-30 Start is NaN", "V1 30-60 After"));
   EXPECT_THAT(
       draft::Sentences(result),
-      ElementsAre(": The start time is not a number; the sequence starts at zero.",
-                  "track V1, clip \"Duration is NaN\": Its duration is not a number; it is shown "
+      ElementsAre("track V1, clip \"Duration is NaN\": Its duration is not a number; it is shown "
                   "with duration 0.",
                   "track V1, clip \"Rate is infinite\": Its duration has no usable rate; it is "
                   "shown with duration 0.",
                   "track V1, clip \"Start is NaN\": The start of its range is not a number; its "
-                  "duration is used."));
+                  "duration is used.",
+                  ": The start time is not a number; the sequence starts at zero."));
 }
 
 TEST(TrackLayout, ATrackIsCutBelow100Hours) {
@@ -196,9 +196,8 @@ TEST(TrackLayout, UnknownObjectsTakeTheirTimeAndAreNoted) {
           "32: track V1, item \"Timeless\": Unknown kind of object \"StudioNote\"; it is shown as a "
           "clip "
           "without media and duration.",
-          "33: track V1, item \"No schema\": Unknown kind of object \"\"; it is shown as a clip "
-          "without "
-          "media.",
+          "33: track V1, item \"No schema\": An object without \"OTIO_SCHEMA\"; it is shown as a "
+          "clip without media.",
           "41: track V1: Something that is no item stands on the track; it is left out.",
           "42: track V1: Something that is no item stands on the track; it is left out.",
           "52: track V1, clip \"B\": Unknown kind of media reference \"StudioReference\"; only its "

@@ -58,7 +58,8 @@ TEST(SampleTimelines, HaveTheirClipsGapsAndTransitions) {
   EXPECT_EQ(CountsOf("multitrack.otio"), "V1:3/2/0 V2:1/1/0 V3:1/1/0");
   EXPECT_EQ(CountsOf("nested_example.otio"), "V1:4/0/0+3n");
   EXPECT_EQ(CountsOf("own_all_columns_25fps.otio"), "V1:3/1/2+1n V2:1/1/0 A1:2/1/0 A2:1/0/0(off)");
-  EXPECT_EQ(CountsOf("own_bundle.otiod/content.otio"), "V1:2/0/0");
+  EXPECT_EQ(CountsOf("SingleClip.otioz"), "V1:1/0/0 A1:1/0/0");
+  EXPECT_EQ(CountsOf("own_bundle.otiod"), "V1:2/0/0");
   EXPECT_EQ(CountsOf("own_collection_legacy_unknown.otio"), "V1:2/1/0 | V1:2/1/0");
   EXPECT_EQ(CountsOf("own_dropframe_2997.otio"), "V1:6/0/1 A1:1/1/0");
   EXPECT_EQ(
@@ -212,12 +213,26 @@ TEST(SampleTimelines, ATracksTimecodeRangeHidesNothing) {
   EXPECT_EQ(rows.back(), "V1 792-1049 ZZ100_510B (LAY1)");
 }
 
-TEST(SampleTimelines, MediaBesideTheTimelineIsOnline) {
+TEST(SampleTimelines, MediaOfAFolderBundleIsOnline) {
   if (!HasSamples()) return;
-  const ImportResult result = Read("own_bundle.otiod/content.otio");
-  const auto& items = result.document.sequences.at(0).tracks.at(0).items;
-  EXPECT_FALSE(items.at(0).clip->media.isOffline);
-  EXPECT_TRUE(items.at(1).clip->media.isOffline);
+  for (const char* name : {"own_bundle.otiod", "own_bundle.otiod/", "own_bundle.otiod/content.otio"}) {
+    const ImportResult result = Read(name);
+    const auto& items = result.document.sequences.at(0).tracks.at(0).items;
+    EXPECT_FALSE(items.at(0).clip->media.isOffline) << name;
+    EXPECT_TRUE(items.at(1).clip->media.isOffline) << name;
+  }
+}
+
+TEST(SampleTimelines, MediaOfAZipBundleIsOnline) {
+  if (!HasSamples()) return;
+  const ImportResult result = Read("SingleClip.otioz");
+  for (const TrackDraft& track : result.document.sequences.at(0).tracks) {
+    const MediaDraft& media = track.items.at(0).clip->media;
+    EXPECT_EQ(media.address, "media/BART_2021-02-07.m4v");
+    EXPECT_FALSE(media.isOffline);
+    EXPECT_EQ(media.lookUpPath,
+              (SampleFolder() / "SingleClip.otioz" / media.address).lexically_normal());
+  }
 }
 
 }  // namespace

@@ -62,8 +62,6 @@ TEST(TimelineFiles, WhatIsNoFileIsSaid) {
   const TemporaryFolder folder;
   EXPECT_EQ(ErrorOf(folder.path / "none.otio"), "0: There is no such file; check the path.");
   EXPECT_EQ(ErrorOf(folder.path), "0: This is a folder; give a timeline file.");
-  std::ofstream(folder.path / "content.otio") << "{}";
-  EXPECT_EQ(ErrorOf(folder.path), "0: This is a folder; give the file content.otio inside it.");
 }
 
 TEST(TimelineFiles, AFileThatCantBeReadIsSaid) {
@@ -120,9 +118,10 @@ TEST(TimelineFiles, ForeignOnesAreRefusedByName) {
   EXPECT_EQ(Damaged("list.edl"),
             "1: Edit decision lists can't be read yet; export OpenTimelineIO (.otio).");
   EXPECT_EQ(Damaged("archive.otioz"),
-            "1: This is a zip archive; take the .otio file out of it and give that.");
+            "0: This zip archive is damaged or not complete; export or copy it again.");
   EXPECT_EQ(Damaged("plain_text.otio"),
-            "1: This is no timeline in a known format; give an OpenTimelineIO file (.otio).");
+            "1: This is no timeline in a known format; give an OpenTimelineIO file (.otio) or bundle "
+            "(.otioz).");
 }
 
 TEST(TimelineFiles, NothingToShowIsSaid) {

@@ -1,0 +1,58 @@
+#include "standalone/import/TimelineText.h"
+
+#include <memory>
+#include <system_error>
+#include <unordered_set>
+#include <utility>
+
+#include "standalone/import/FileBuffer.h"
+#include "standalone/import/ZipArchive.h"
+
+namespace standalone {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The timeline of a bundle.
+constexpr const char* kContent = "content.otio";
+
+TimelineText ReadFolder(const fs::path& folder) {
+  const fs::path file = folder / kContent;
+  std::error_code error;
+  const fs::file_type type = fs::status(file, error).type();
+  if (type == fs::file_type::not_found) {
+    throw ImportError(0, "This is a folder; give a timeline file.");
+  }
+  if (type == fs::file_type::directory) {
+    throw ImportError(0, std::string(kContent) + " is a folder itself; export the bundle again.");
+  }
+  return {ReadWholeFile(file, kContent), DescribeBundle(folder), kContent};
+}
+
+TimelineText ReadArchive(const ZipArchive& archive, const fs::path& file,
+                         const ImportProgress& progress) {
+  TimelineText timeline{archive.ReadFile(kContent, progress), DescribeBundle(file), kContent};
+  timeline.source.mediaFolder.archivedFiles =
+      std::make_shared<const std::unordered_set<std::string>>(archive.ListFiles());
+  return timeline;
+}
+
+}  // namespace
+
+TimelineText ReadTimelineText(const fs::path& file, const ImportProgress& progress) {
+  constexpr std::size_t kSignature = 4;
+  std::error_code error;
+  const fs::file_status status = fs::status(file, error);
+  if (fs::is_directory(status)) return ReadFolder(file);
+  if (fs::is_regular_file(status) && ZipArchive::Recognises(ReadBeginning(file, kSignature))) {
+    return ReadArchive(ZipArchive::OpenFile(file), file, progress);
+  }
+  // A pipe can be read only once, and from its start to its end.
+  std::string content = ReadWholeFile(file);
+  if (ZipArchive::Recognises(content)) {
+    return ReadArchive(ZipArchive::OpenBytes(content), file, progress);
+  }
+  return {std::move(content), DescribeFile(file)};
+}
+
+}  // namespace standalone

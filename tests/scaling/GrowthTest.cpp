@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "scaling/AllocationWatch.h"
+#include "scaling/HostCallCounts.h"
+#include "scaling/LongDocument.h"
+#include "scaling/TimelineWriter.h"
+#include "standalone/app/IndexSession.h"
+#include "standalone/app/PanelSetUp.h"
+#include "standalone/app/PanelTable.h"
+#include "standalone/app/TextTable.h"
+#include "standalone/import/TimelineReader.h"
+#include "standalone/model/ProjectModel.h"
+#include "standalone/runtime/Runtime.h"
+#include "support/Process.h"
+
+/// Eight times the clips take no more than eight times the memory and the calls, at every stage from
+/// the file to the printed table.
+namespace {
+
+using scaling::Allocations;
+using scaling::MakeLongDocument;
+using standalone::DocumentDraft;
+using standalone::IndexSession;
+
+/// Containers grow by doubling: at a power of two both runs stand at the same point between two
+/// doublings, with as much room unused in the one as in the other.
+constexpr std::size_t kTimesMore = 8;
+
+/// A tenth more covers what comes by chance. What a stage takes
+/// however short the timeline is comes on top.
+std::uint64_t GetLimit(std::uint64_t smaller, std::uint64_t basis) {
+  return smaller * kTimesMore * 11 / 10 + basis;
+}
+
+void ExpectProportional(const Allocations& smaller, const Allocations& larger) {
+  constexpr std::uint64_t kBasicCount = 1000;
+  constexpr std::uint64_t kBasicBytes = 1 << 20;
+  EXPECT_GT(smaller.bytes, 0U);
+  EXPECT_LE(larger.count, GetLimit(smaller.count, kBasicCount));
+  EXPECT_LE(larger.bytes, GetLimit(smaller.bytes, kBasicBytes));
+  EXPECT_LE(larger.peakBytes, GetLimit(smaller.peakBytes, kBasicBytes));
+}
+
+/// The figures of one clip stand in the test's report.
+void Report(const Allocations& allocations, std::size_t clips) {
+  const auto record = [clips](const char* name, std::uint64_t value) {
+    const auto hundredths = value * 100 / clips;
+    testing::Test::RecordProperty(name, std::to_string(hundredths / 100) + "." +
+                                            std::to_string(hundredths % 100 + 100).substr(1));
+  };
+  record("allocationsPerClip", allocations.count);
+  record("bytesPerClip", allocations.bytes);
+  record("peakBytesPerClip", allocations.peakBytes);
+}
+
+/// All columns and rows.
+standalone::IndexOptions ShowEverything() {
+  standalone::IndexOptions options;
+  options.isKeepingGaps = true;
+  options.columns.kind = standalone::ColumnChoice::Kind::kAll;
+  return options;
+}
+
+class Growth : public testing::Test {
+ protected:
+  /// `measure` gets a number of clips and returns what its stage took.
+  template <typename Measure>
+  void ExpectInProportion(const Measure& measure, std::size_t clips = 12500) {
+    const Allocations smaller = measure(clips);
+    const Allocations larger = measure(kTimesMore * clips);
+    Report(larger, kTimesMore * clips);
+    ExpectProportional(smaller, larger);
+  }
+
+  const process::Folder folder;
+};
+
+TEST_F(Growth, ReadingAFileAllocatesInProportionToItsClips) {
+  ExpectInProportion([this](std::size_t clips) {
+    const auto file = folder / "cut.otio";
+    scaling::WriteTimeline(file, clips);
+    const scaling::AllocationWatch watch;
+    standalone::ReadTimelineFile(file);
+    return watch.Take();
+  });
+}
+
+TEST_F(Growth, AddingADocumentAllocatesInProportionToItsClips) {
+  ExpectInProportion([this](std::size_t clips) {
+    DocumentDraft document = MakeLongDocument(clips);
+    const standalone::Runtime runtime;
+    standalone::ProjectModel project;
+    const scaling::AllocationWatch watch;
+    project.AddDocument(std::move(document));
+    return watch.Take();
+  });
+}
+
+TEST_F(Growth, ShowingASequenceAllocatesInProportionToItsRows) {
+  ExpectInProportion([this](std::size_t clips) {
+    DocumentDraft document = MakeLongDocument(clips);
+    IndexSession session;
+    standalone::SetUpPanel(session, ShowEverything());
+    const scaling::AllocationWatch watch;
+    session.ShowDocument(std::move(document));
+    const Allocations taken = watch.Take();
+    EXPECT_GT(session.GetTree().CountRows(), clips);
+    return taken;
+  });
+}
+
+TEST_F(Growth, ExportingATableAllocatesInProportionToItsRows) {
+  ExpectInProportion([this](std::size_t clips) {
+    IndexSession session;
+    standalone::SetUpPanel(session, ShowEverything());
+    session.ShowDocument(MakeLongDocument(clips));
+    const auto output = folder / "cut.csv";
+    const scaling::AllocationWatch watch;
+    session.Export(output);
+    const Allocations taken = watch.Take();
+    EXPECT_GT(std::filesystem::file_size(output), clips);
+    return taken;
+  });
+}
+
+TEST_F(Growth, PrintingATableAllocatesInProportionToItsRows) {
+  // Each of its cells is drawn twice, so it is shorter.
+  constexpr std::size_t kClips = 2500;
+  const auto measure = [](std::size_t clips) {
+    IndexSession session;
+    standalone::SetUpPanel(session, ShowEverything());
+    session.ShowDocument(MakeLongDocument(clips));
+    std::size_t lines = 0;
+    const scaling::AllocationWatch watch;
+    standalone::PanelTable source(session.GetTree());
+    standalone::TextTable table(source, std::nullopt, standalone::ColorDepth::kNone);
+    table.Print([&lines](std::string_view) { ++lines; });
+    const Allocations taken = watch.Take();
+    EXPECT_GT(lines, session.GetTree().CountRows());
+    return taken;
+  };
+  ExpectInProportion(measure, kClips);
+}
+
+/// The calls of each watched operation while the panel builds and exports a table.
+std::map<std::string_view, std::uint64_t> CountHostCalls(DocumentDraft document,
+                                                         const std::filesystem::path& output) {
+  IndexSession session;
+  standalone::SetUpPanel(session, ShowEverything());
+  const scaling::HostCallCounts before = scaling::GetHostCallCounts();
+  session.ShowDocument(std::move(document));
+  session.Export(output);
+  scaling::HostCallCounts counts = scaling::GetHostCallCounts();
+  for (auto& [name, count] : counts) count -= before.at(name);
+  return counts;
+}
+
+TEST_F(Growth, EachRowCostsTheSameNumberOfHostCalls) {
+  constexpr std::size_t kClips = 1000;
+  const auto smaller = CountHostCalls(MakeLongDocument(kClips), folder / "short.csv");
+  const auto larger = CountHostCalls(MakeLongDocument(kTimesMore * kClips), folder / "long.csv");
+  constexpr std::uint64_t kBasicCalls = 50;
+  for (const auto& [name, count] : larger) {
+    EXPECT_GT(count, 0U) << name;
+    EXPECT_LE(count, GetLimit(smaller.at(name), kBasicCalls)) << name;
+  }
+}
+
+TEST_F(Growth, ATableIsLaidOutOnceAndItsSequenceVisitedAsOftenHoweverLongItIs) {
+  const auto shorter = CountHostCalls(MakeLongDocument(80), folder / "short.csv");
+  const auto longer = CountHostCalls(MakeLongDocument(8000), folder / "long.csv");
+  EXPECT_EQ(shorter.at("LayoutAfterAppendRow"), 1U);
+  EXPECT_EQ(longer.at("LayoutAfterAppendRow"), 1U);
+  EXPECT_EQ(longer.at("VisitSequence"), shorter.at("VisitSequence"));
+}
+
+}  // namespace
