@@ -1,65 +1,209 @@
 #include "standalone/app/Arguments.h"
 
 #include <CLI/CLI.hpp>
-#include <map>
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 
 #include "standalone/app/CommandError.h"
+#include "standalone/app/Terminal.h"
 
 namespace standalone {
 
 namespace {
 
+using Words = std::vector<std::string>;
+
 constexpr const char* kAbout =
     "Sequence Index shows the clips and gaps of a timeline as a table.\n"
-    "It opens OpenTimelineIO files (.otio).";
+    "It opens OpenTimelineIO files (.otio) and bundles (.otioz, .otiod).\n"
+    "Without a command, the named files are shown as by \"table\".";
 
-constexpr const char* kEpilogue =
+constexpr const char* kExitCodes =
+    "Exit codes: 0 done; 2 the command line, the input or the output is at fault.";
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  sequence-index cut.otio\n"
+    "  sequence-index table cut.otio --gaps --columns \"#,Clip Name,Start Time\"\n"
+    "  sequence-index export cut.otio -o cut.csv\n"
+    "\n"
+    "sequence-index COMMAND --help says more about a command.\n";
+
+constexpr const char* kTableExamples =
+    "Examples:\n"
+    "  sequence-index table cut.otio\n"
+    "  sequence-index table cut.otio --columns all --gaps | less -S\n"
+    "  sequence-index table reels.otio --sequence \"#2\" --time-display frames\n"
+    "  sequence-index table - --width 120 < cut.otio\n"
+    "\n"
+    "On a terminal the table is as wide as the screen, and coloured unless NO_COLOR is set.\n"
+    "Texts that do not fit end in \"…\". Elsewhere nothing is cut.\n";
+
+constexpr const char* kExportExamples =
     "Examples:\n"
     "  sequence-index export cut.otio -o cut.csv\n"
     "  sequence-index export cut.otio --gaps --columns all -o -\n"
+    "  sequence-index export cut.otio --columns \"Clip Name, Tape Name, File Path\" -o media.csv\n"
     "\n"
-    "Exit codes: 0 done; 2 the command line, the input or the output is at fault.";
+    "A file that exists is replaced whole, or left as it was.\n";
+
+constexpr const char* kCommands = "Commands";
+constexpr const char* kChoosing = "What to show";
+constexpr const char* kWriting = "How to show it";
+
+constexpr std::array<std::string_view, 5> kFirstWords{"table", "export", "-h", "--help", "--version"};
+
+std::string WithExitCodes(const char* text) {
+  return std::string(text) + "\n" + kExitCodes;
+}
+
+TimeFormat ReadTimeFormat(const std::string& name) {
+  if (const auto format = FindTimeFormat(name)) return *format;
+  std::string known;
+  for (const std::string_view format : kTimeFormatNames) {
+    known.append(known.empty() ? "" : ", ").append(format);
+  }
+  throw CommandError("--time-display: There is no \"" + name + "\"; there are " + known + ".");
+}
+
+std::size_t RequireWidth(const std::string& text) {
+  if (const auto width = ReadWidth(text)) return *width;
+  throw CommandError("--width: \"" + text + "\" is no width; give a number of columns, from 1.");
+}
+
+void AddOption(CLI::App& command, const std::string& name, const char* typeName, const char* group,
+               const char* about, const std::function<void(const std::string&)>& take) {
+  command.add_option_function<std::string>(name, take, about)->type_name(typeName)->group(group);
+}
+
+void AddIndexOptions(CLI::App& command, IndexOptions& options) {
+  command.add_flag("--gaps", options.isKeepingGaps, "A row for every gap, not only for clips")
+      ->group(kChoosing);
+  AddOption(command, "--columns", "default|all|LIST", kChoosing,
+            "default (8 columns), all (26), or header texts\n"
+            "or identifiers, separated by commas, in the\n"
+            "order wanted",
+            [&options](const std::string& text) { options.columns = ReadColumnChoice(text); });
+  AddOption(command, "--sequence", "NAME|#N", kChoosing,
+            "The sequence of that name, or at that position\n"
+            "in the file, instead of the first",
+            [&options](const std::string& text) { options.sequence = text; });
+  AddOption(command, "--time-display", "NAME", kWriting,
+            "How times are written, whatever the file says:\n"
+            "timecode, frames, feet+frames 16mm, feet+frames\n"
+            "35mm, audio samples, milliseconds",
+            [&options](const std::string& text) { options.timeFormat = ReadTimeFormat(text); });
+  command
+      .add_flag("--report", options.isReporting,
+                "List on standard error what the index can't show\n"
+                "of the file")
+      ->group(kWriting);
+}
+
+CLI::App* AddTable(CLI::App& program, TableArguments& arguments) {
+  CLI::App* const command = program.add_subcommand("table", "Print the index of timelines as a table");
+  command->group(kCommands)->footer(WithExitCodes(kTableExamples));
+  command->add_option("FILE", arguments.files, "The timeline files; - reads standard input")
+      ->required()
+      ->type_name("");
+  AddIndexOptions(*command, arguments.options);
+  AddOption(*command, "--width", "N", kWriting,
+            "Fit the table into N columns of the screen, also\n"
+            "where it goes to no terminal",
+            [&arguments](const std::string& text) { arguments.width = RequireWidth(text); });
+  return command;
+}
 
 void AddExport(CLI::App& program, ExportArguments& arguments) {
   CLI::App* const command =
       program.add_subcommand("export", "Write the index of a timeline as comma-separated values");
-  command->add_option("FILE", arguments.file, "The timeline file; - reads standard input")->required();
+  command->group(kCommands)->footer(WithExitCodes(kExportExamples));
+  command->add_option("FILE", arguments.file, "The timeline file; - reads standard input")
+      ->required()
+      ->type_name("");
   command->add_option("-o,--output", arguments.output, "The file to write; - writes to standard output")
       ->required()
       ->type_name("OUT.csv");
-  command->add_flag("--gaps", arguments.isKeepingGaps, "Keep a row for every gap, not only for clips");
-  const std::map<std::string, ColumnChoice> choices{{"default", ColumnChoice::kDefault},
-                                                    {"all", ColumnChoice::kAll}};
-  command
-      ->add_option_function<std::string>(
-          "--columns",
-          [&arguments, choices](const std::string& name) { arguments.columns = choices.at(name); },
-          "The columns to write: default (8) or all (26)")
-      ->check(CLI::IsMember({"default", "all"}))
-      ->type_name("default|all");
+  AddIndexOptions(*command, arguments.options);
+}
+
+/// The program's commands, and what they were asked for.
+class CommandLine {
+ public:
+  CommandLine() {
+    program.set_version_flag("--version", "sequence-index " SEQUENCE_INDEX_VERSION);
+    program.footer(WithExitCodes(kExamples));
+    program.get_formatter()->label("SUBCOMMAND", "[COMMAND] FILE...");
+    program.require_subcommand(1);
+    tableCommand = AddTable(program, table);
+    AddExport(program, exported);
+  }
+
+  Arguments Parse(Words words) {
+    try {
+      std::ranges::reverse(words);  // as the parser takes them
+      program.parse(std::move(words));
+    } catch (const CLI::CallForHelp&) {
+      return program.help();  // that of the command, if one is named
+    } catch (const CLI::CallForVersion& version) {
+      return std::string(version.what()) + "\n";
+    }
+    if (tableCommand->parsed()) return table;
+    return exported;
+  }
+
+ private:
+  CLI::App program{kAbout, "sequence-index"};
+  TableArguments table;
+  ExportArguments exported;
+  CLI::App* tableCommand = nullptr;
+};
+
+CommandError MakeCommandError(const CLI::ParseError& error) {
+  return CommandError(std::string(error.what()) + "; see sequence-index --help");
+}
+
+Arguments Parse(const Words& words) {
+  try {
+    return CommandLine().Parse(words);
+  } catch (const CLI::ParseError& error) {
+    throw MakeCommandError(error);
+  }
+}
+
+/// The command line without a command is that of `table`.
+Arguments ParseAsTable(Words words) {
+  const std::string first = words.front();
+  words.insert(words.begin(), "table");
+  try {
+    Arguments arguments = CommandLine().Parse(words);
+    if (auto* const table = std::get_if<TableArguments>(&arguments)) table->isCommandImplied = true;
+    return arguments;
+  } catch (const CLI::ParseError& error) {
+    // The options may be those of the command that was mistyped.
+    if (!first.starts_with('-')) RequireFileOrCommand(first);
+    throw MakeCommandError(error);
+  }
 }
 
 }  // namespace
 
+void RequireFileOrCommand(const std::string& word) {
+  std::error_code ignored;
+  if (word == "-" || std::filesystem::exists(word, ignored)) return;
+  throw CommandError(word, 0, "There is no such file or command; see sequence-index --help");
+}
+
 Arguments ParseArguments(int argc, const char* const* argv) {
-  CLI::App program(kAbout, "sequence-index");
-  program.set_version_flag("--version", "sequence-index " SEQUENCE_INDEX_VERSION);
-  program.footer(kEpilogue);
-  program.get_formatter()->label("SUBCOMMAND", "COMMAND");
-  program.require_subcommand(1);
-  ExportArguments exportArguments;
-  AddExport(program, exportArguments);
-  try {
-    program.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    const auto chosen = program.get_subcommands();
-    return chosen.empty() ? program.help() : chosen.front()->help();
-  } catch (const CLI::CallForVersion& version) {
-    return std::string(version.what()) + "\n";
-  } catch (const CLI::ParseError& error) {
-    throw CommandError(std::string(error.what()) + "; see sequence-index --help");
+  const Words words(argv + std::min(argc, 1), argv + argc);
+  if (words.empty()) {
+    throw CommandError("Usage: sequence-index [COMMAND] FILE...; see sequence-index --help");
   }
-  return exportArguments;
+  const bool hasCommand = std::ranges::find(kFirstWords, words.front()) != kFirstWords.end();
+  return hasCommand ? Parse(words) : ParseAsTable(words);
 }
 
 }  // namespace standalone

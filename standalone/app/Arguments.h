@@ -1,15 +1,37 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <variant>
+#include <vector>
+
+#include "standalone/app/ColumnList.h"
+#include "standalone/model/TimeFormat.h"
 
 namespace standalone {
 
-/// Which columns a command writes.
-enum class ColumnChoice {
-  kAsShown,  ///< What the panel shows by itself.
-  kDefault,  ///< "Show Default Columns".
-  kAll,      ///< "Show All Columns".
+/// What every command that shows an index can be asked for.
+struct IndexOptions {
+  bool isKeepingGaps = false;
+  ColumnChoice columns;
+  /// A name or "#N"; none: the first sequence of the file.
+  std::optional<std::string> sequence;
+  /// None: as each sequence says.
+  std::optional<TimeFormat> timeFormat;
+  /// Whether to list what the index can't show of a file.
+  bool isReporting = false;
+};
+
+/// `table FILE...`.
+struct TableArguments {
+  /// "-" is standard input.
+  std::vector<std::string> files;
+  IndexOptions options;
+  /// In columns of the screen; none: what the output is.
+  std::optional<std::size_t> width;
+  /// Whether the word "table" was left out, so that the first file may be a mistyped command.
+  bool isCommandImplied = false;
 };
 
 /// `export FILE -o OUT`.
@@ -18,14 +40,16 @@ struct ExportArguments {
   std::string file;
   /// The file to write; "-" is standard output.
   std::string output;
-  bool isKeepingGaps = false;
-  ColumnChoice columns = ColumnChoice::kAsShown;
+  IndexOptions options;
 };
 
 /// What the user asked for: a command, or the words that answer the question at once (help, version).
-using Arguments = std::variant<ExportArguments, std::string>;
+using Arguments = std::variant<TableArguments, ExportArguments, std::string>;
 
 /// Reads the command line. Throws: CommandError with one sentence when it makes no sense.
 Arguments ParseArguments(int argc, const char* const* argv);
+
+/// Throws: CommandError when `word`, given where a command or a file can stand, is no existing file.
+void RequireFileOrCommand(const std::string& word);
 
 }  // namespace standalone

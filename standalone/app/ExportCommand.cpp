@@ -3,16 +3,14 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
 #include <system_error>
-#include <utility>
 
 #include "host/qelcore/Exceptions.h"
 #include "standalone/app/CommandError.h"
+#include "standalone/app/DocumentReading.h"
 #include "standalone/app/IndexSession.h"
-#include "standalone/app/ProgressLine.h"
+#include "standalone/app/PanelSetUp.h"
 #include "standalone/app/StandardOutput.h"
-#include "standalone/import/TimelineReader.h"
 
 namespace standalone {
 
@@ -21,30 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kStream = "-";
-constexpr const char* kStandardInput = "/dev/stdin";
-
-/// Where the timeline is read from.
-std::string GetInputPath(const std::string& file) {
-  return file == kStream ? kStandardInput : file;
-}
-
-/// The document of the file; what its reader noticed goes to standard error, a line each.
-DocumentDraft ReadDocument(const std::string& file) {
-  ProgressLine line("reading " + file);
-  try {
-    ImportProgress progress;
-    progress.report = [&line](double fraction) { line.Show(fraction); };
-    ImportResult result = ReadTimelineFile(GetInputPath(file), progress);
-    line.Clear();
-    for (const ImportNote& note : result.notes) {
-      const std::string place = note.place.empty() ? "" : note.place + ": ";
-      std::cerr << MakeReportLine(file, note.line, place + note.sentence) << '\n';
-    }
-    return std::move(result.document);
-  } catch (const ImportError& error) {
-    throw CommandError(file, error.GetLine(), error.what());
-  }
-}
 
 /// The output as an absolute path. The host's paths use "\" between parts, so a name that holds one
 /// would land elsewhere.
@@ -65,19 +39,11 @@ fs::path ResolveOutput(const ExportArguments& arguments) {
   return path;
 }
 
-void ExportTo(const fs::path& path, const ExportArguments& arguments, DocumentDraft document) {
-  IndexSession session;
-  session.ChooseColumns(arguments.columns);
-  if (arguments.isKeepingGaps) session.KeepGaps(true);
-  session.ShowDocument(std::move(document));
-  session.Export(path);
-}
-
-void ExportToStandardOutput(const ExportArguments& arguments, DocumentDraft document) {
+void ExportToStandardOutput(IndexSession& session) {
   std::ifstream written;
   {
     const PrivateFile file("index.csv");
-    ExportTo(file.GetPath(), arguments, std::move(document));
+    session.Export(file.GetPath());
     written.open(file.GetPath(), std::ios::binary);
   }
   // The file's name is gone before the first byte: who closes the pipe early ends this program.
@@ -88,12 +54,16 @@ void ExportToStandardOutput(const ExportArguments& arguments, DocumentDraft docu
 
 void RunExport(const ExportArguments& arguments) {
   try {
-    if (arguments.output == kStream) {
-      ExportToStandardOutput(arguments, ReadDocument(arguments.file));
-      return;
+    const bool isStream = arguments.output == kStream;
+    const fs::path path = isStream ? fs::path() : ResolveOutput(arguments);
+    IndexSession session;
+    SetUpPanel(session, arguments.options);
+    ShowTimeline(session, arguments.file, arguments.options);
+    if (isStream) {
+      ExportToStandardOutput(session);
+    } else {
+      session.Export(path);
     }
-    const fs::path path = ResolveOutput(arguments);
-    ExportTo(path, arguments, ReadDocument(arguments.file));
   } catch (const qelcore::config::file_exception& failure) {
     throw CommandError(failure.what());  // names the output itself
   } catch (const std::exception& failure) {

@@ -7,9 +7,8 @@
 #include <utility>
 
 #include "host/UIF/Commands.h"
-#include "host/qelcore/Exceptions.h"
 #include "host/qelui/Controls.h"
-#include "host/qelui/MultiColumnTree.h"
+#include "standalone/app/PanelCall.h"
 #include "standalone/framework/Framework.h"
 
 namespace standalone {
@@ -17,27 +16,12 @@ namespace standalone {
 namespace {
 
 constexpr UIF::CommandID kExportCommandID = 36003;
-constexpr std::uint32_t kShowAllColumnsCommand = 100;
-constexpr std::uint32_t kShowDefaultColumnsCommand = 101;
 constexpr std::uint32_t kNoModifierKeys = 0;
 
 Runtime::Setup MakeSetup() {
   Runtime::Setup setup;
   setup.poolThreads = std::max(1U, std::thread::hardware_concurrency());
   return setup;
-}
-
-/// Asks something of the panel. Failures of the host leave as they are; any other may be of a type
-/// whose code goes with the module, so only its sentence leaves.
-template <typename Function>
-bool CallPanel(const Function& function) {
-  try {
-    return function();
-  } catch (const qelcore::config::qel_exception&) {
-    throw;
-  } catch (const std::exception& failure) {
-    throw std::runtime_error(failure.what());
-  }
 }
 
 /// The panel's only control of a kind.
@@ -70,23 +54,26 @@ void IndexSession::KeepGaps(bool isKeepingGaps) {
   Settle();
 }
 
-void IndexSession::ChooseColumns(ColumnChoice choice) {
-  if (choice == ColumnChoice::kAsShown) return;
-  answers.menuCommand =
-      choice == ColumnChoice::kAll ? kShowAllColumnsCommand : kShowDefaultColumnsCommand;
-  const auto headerRow = FindControl<qelui::controls::UI_MultiColumnTree>(GetPanel()).GetHeaderRow();
+std::vector<MenuItem> IndexSession::ChooseFromHeaderMenu(std::uint32_t command) {
+  answers.menuCommand = command;
+  const auto headerRow = GetTree().GetHeaderRow();
   CallPanel([&headerRow] {
     return headerRow->UI_DoMouseEvent(qelui::ui::MouseEvent(qelui::ui::PointerAction::kPress, {},
                                                             qelui::ui::MouseButton::kContextMenu, 1));
   });
   Settle();
+  return answers.TakeMenuItems();
 }
 
-void IndexSession::ShowDocument(DocumentDraft document) {
+void IndexSession::ShowDocument(DocumentDraft document, std::size_t timeline) {
   const auto timelines = host.GetProject().AddDocument(std::move(document));
   if (timelines.empty()) throw std::runtime_error("The file holds no timeline.");
-  host.GetProject().ActivateSequence(timelines.front());
+  host.GetProject().ActivateSequence(timelines.at(timeline));
   Settle();
+}
+
+qelui::controls::UI_MultiColumnTree& IndexSession::GetTree() const {
+  return FindControl<qelui::controls::UI_MultiColumnTree>(GetPanel());
 }
 
 void IndexSession::Export(const std::filesystem::path& file) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <vector>
 
-#include "standalone/app/Arguments.h"
+#include "host/qelui/MultiColumnTree.h"
 #include "standalone/app/ScriptedAnswers.h"
 #include "standalone/assembly/StandaloneHost.h"
 #include "standalone/model/SequenceDraft.h"
@@ -25,13 +27,17 @@ class IndexSession {
 
   /// Confirms the options dialog behind the filter button.
   void KeepGaps(bool isKeepingGaps);
-  /// Chooses from the header's context menu.
-  void ChooseColumns(ColumnChoice choice);
-  /// Adds a document to the project, activates its first timeline, and waits for its rows.
-  void ShowDocument(DocumentDraft document);
+  /// Opens the header's context menu and chooses a command of it (kMenuDismissed: none). Returns the
+  /// items that the menu had.
+  std::vector<MenuItem> ChooseFromHeaderMenu(std::uint32_t command);
+  /// Adds a document to the project, activates the timeline at that position (from 0), and waits for
+  /// its rows.
+  void ShowDocument(DocumentDraft document, std::size_t timeline = 0);
   /// Confirms the export dialog with `file`, an absolute path. Throws: also file_exception.
   void Export(const std::filesystem::path& file);
 
+  /// The panel's table.
+  qelui::controls::UI_MultiColumnTree& GetTree() const;
   StandaloneHost& GetHost() noexcept { return host; }
 
  private:

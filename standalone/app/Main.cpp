@@ -7,6 +7,7 @@
 #include "standalone/app/CommandError.h"
 #include "standalone/app/ExportCommand.h"
 #include "standalone/app/StandardOutput.h"
+#include "standalone/app/TableCommand.h"
 
 namespace {
 
@@ -14,12 +15,18 @@ constexpr int kDone = 0;
 /// The command line, the input or the output is at fault. (1 is kept for commands that find something.)
 constexpr int kFailed = 2;
 
-void Run(const standalone::ExportArguments& arguments) {
-  standalone::RunExport(arguments);
+int Run(const standalone::TableArguments& arguments) {
+  return standalone::RunTable(arguments) ? kDone : kFailed;
 }
 
-void Run(const std::string& words) {
+int Run(const standalone::ExportArguments& arguments) {
+  standalone::RunExport(arguments);
+  return kDone;
+}
+
+int Run(const std::string& words) {
   standalone::WriteToStandardOutput(words);
+  return kDone;
 }
 
 int Fail(const std::string& line) {
@@ -31,8 +38,8 @@ int Fail(const std::string& line) {
 
 int main(int argc, char** argv) {
   try {
-    std::visit([](const auto& wish) { Run(wish); }, standalone::ParseArguments(argc, argv));
-    return kDone;
+    return std::visit([](const auto& wish) { return Run(wish); },
+                      standalone::ParseArguments(argc, argv));
   } catch (const standalone::CommandError& error) {
     return Fail(error.GetLine());
   } catch (const std::exception& failure) {

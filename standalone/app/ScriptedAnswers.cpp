@@ -10,8 +10,9 @@ ScriptedAnswers::~ScriptedAnswers() {
   SetDialogProvider(nullptr);
 }
 
-std::uint32_t ScriptedAnswers::ChooseFromMenu(const std::vector<MenuItem>&, qelui::ui::UI_Node&,
+std::uint32_t ScriptedAnswers::ChooseFromMenu(const std::vector<MenuItem>& items, qelui::ui::UI_Node&,
                                               qelui::Point) {
+  menuItems = items;
   return menuCommand;
 }
 

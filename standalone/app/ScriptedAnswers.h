@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "standalone/toolkit/DialogProvider.h"
@@ -23,11 +24,17 @@ class ScriptedAnswers final : public DialogProvider {
   /// Set: export dialogs confirm with this place.
   std::optional<ExportChoice> exportChoice;
 
+  /// The items of the last menu; they are given away.
+  std::vector<MenuItem> TakeMenuItems() { return std::move(menuItems); }
+
   std::uint32_t ChooseFromMenu(const std::vector<MenuItem>& items, qelui::ui::UI_Node& node,
                                qelui::Point position) override;
   std::optional<MZ::SequenceIndex::Options> EditOptions(
       const MZ::SequenceIndex::Options& current) override;
   bool ChooseExport(ExportChoice& choice) override;
+
+ private:
+  std::vector<MenuItem> menuItems;
 };
 
 }  // namespace standalone

@@ -6,7 +6,6 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <string>
 #include <system_error>
 
 #include "standalone/app/CommandError.h"
@@ -45,6 +44,16 @@ void CopyToStandardOutput(std::ifstream& file) {
     WriteToStandardOutput({block.data(), static_cast<std::size_t>(file.gcount())});
   }
   if (file.bad() || !file.eof()) throw CommandError("The temporary file can't be read back.");
+}
+
+void OutputBuffer::Add(std::string_view piece) {
+  if (text.size() + piece.size() > kSize) Flush();
+  text.append(piece);
+}
+
+void OutputBuffer::Flush() {
+  WriteToStandardOutput(text);
+  text.clear();
 }
 
 }  // namespace standalone

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <string>
 #include <string_view>
 
 namespace standalone {
@@ -27,5 +29,18 @@ void CopyToStandardOutput(std::ifstream& file);
 
 /// Writes words to standard output. Throws: CommandError when they can't all be written.
 void WriteToStandardOutput(std::string_view text);
+
+/// Gathers small pieces for standard output and writes them in large ones.
+class OutputBuffer {
+ public:
+  OutputBuffer() { text.reserve(kSize); }
+  /// Both throw: as WriteToStandardOutput. What was added last is written by Flush only.
+  void Add(std::string_view piece);
+  void Flush();
+
+ private:
+  static constexpr std::size_t kSize = 65536;
+  std::string text;
+};
 
 }  // namespace standalone

@@ -238,6 +238,8 @@ void TrackLayout::AdvanceTo(const TimeSum& duration) {
 }
 
 bool TrackLayout::IsVisible() const {
+  // The track's own range may end before the stack's begins.
+  if (window.highest < window.lowest) return false;
   const bool isEmpty = start == end;
   if (start > window.highest || (start == window.highest && !isEmpty)) return false;
   return end > window.lowest || (end == window.lowest && isEmpty);

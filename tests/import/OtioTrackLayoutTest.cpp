@@ -143,6 +143,14 @@ TEST(TrackLayout, NaNAndInfiniteTimesAreNotedAndTheRestIsKept) {
                   ": The start time is not a number; the sequence starts at zero."));
 }
 
+TEST(TrackLayout, OfATrackThatEndsBeforeItsStackBeginsNothingIsShown) {
+  const std::string range = R"(, "source_range": )";
+  const std::string track =
+      otio::Track({otio::Clip("A", "100")}, "Video", range + otio::Range("0", "10"));
+  const std::string stack = otio::Stack({track}, "", range + otio::Range("50", "20"));
+  EXPECT_THAT(RowsOf(otio::Item("Timeline.1", "Cut", R"(, "tracks": )" + stack)), IsEmpty());
+}
+
 TEST(TrackLayout, ATrackIsCutBelow100Hours) {
   const ImportResult result = fixtures::Read("beyond_100_hours.otio");
   EXPECT_THAT(draft::Rows(result.document.sequences.at(0), draft::k25),

@@ -1,0 +1,74 @@
+#include "standalone/app/ColumnList.h"
+
+#include <algorithm>
+
+#include "standalone/app/CommandError.h"
+
+namespace standalone {
+
+namespace {
+
+char LowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool IsSameName(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, {}, &LowerCase, &LowerCase);
+}
+
+std::string_view Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::vector<std::string> SplitNames(std::string_view text) {
+  std::vector<std::string> names;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find(',', start), text.size());
+    names.emplace_back(Trim(text.substr(start, end - start)));
+    start = end + 1;
+  }
+  return names;
+}
+
+bool IsNamed(const AvailableColumn& column, std::string_view name) {
+  return IsSameName(column.name, name) || std::to_string(column.id) == name;
+}
+
+CommandError MakeUnknownColumnError(const std::string& name,
+                                    const std::vector<AvailableColumn>& columns) {
+  std::string known;
+  for (const AvailableColumn& column : columns) known.append(known.empty() ? "" : ", ") += column.name;
+  return CommandError("--columns: There is no column \"" + name + "\"; there are " + known + ".");
+}
+
+}  // namespace
+
+ColumnChoice ReadColumnChoice(std::string_view text) {
+  const std::string_view only = Trim(text);
+  if (IsSameName(only, "default")) return {ColumnChoice::Kind::kDefault, {}};
+  if (IsSameName(only, "all")) return {ColumnChoice::Kind::kAll, {}};
+  ColumnChoice choice{ColumnChoice::Kind::kListed, SplitNames(text)};
+  if (std::ranges::find(choice.names, "") != choice.names.end()) {
+    throw CommandError("--columns: A name is empty; give default, all, or names separated by commas.");
+  }
+  return choice;
+}
+
+std::vector<std::uint32_t> FindColumns(const std::vector<std::string>& names,
+                                       const std::vector<AvailableColumn>& columns) {
+  std::vector<std::uint32_t> ids;
+  for (const std::string& name : names) {
+    const auto found = std::ranges::find_if(
+        columns, [&name](const AvailableColumn& column) { return IsNamed(column, name); });
+    if (found == columns.end()) throw MakeUnknownColumnError(name, columns);
+    if (std::ranges::find(ids, found->id) != ids.end()) {
+      throw CommandError("--columns: The column \"" + found->name + "\" is named twice.");
+    }
+    ids.push_back(found->id);
+  }
+  return ids;
+}
+
+}  // namespace standalone

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Text as a terminal shows it, measured in columns of its grid. Texts are UTF-8.
+namespace standalone {
+
+/// The text with everything replaced that would act on a terminal or move what stands beside it:
+/// control characters by their pictures ("␊"), and C1 controls, changes of writing direction, line
+/// separators and bytes that are no UTF-8 by "�". Returns `text` itself, or a view of `buffer`.
+std::string_view MakeShowable(std::string_view text, std::string& buffer);
+
+/// How many columns a showable text takes: none for combining marks, two for East Asian wide
+/// characters and for emoji, however many characters an emoji is made of.
+std::size_t CountColumns(std::string_view showable);
+
+/// The beginning of a text.
+struct TextBeginning {
+  std::size_t bytes = 0;
+  std::size_t columns = 0;
+};
+
+/// As much of a showable text as fits into `room` columns, cut between what people see as characters.
+TextBeginning FitIntoColumns(std::string_view showable, std::size_t room);
+
+}  // namespace standalone

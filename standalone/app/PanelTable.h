@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "host/qelcore/UTF8String.h"
+#include "host/qelui/MultiColumnTree.h"
+#include "standalone/app/TableSource.h"
+#include "standalone/toolkit/RecordingDrawbot.h"
+
+namespace standalone {
+
+/// The panel's table as it shows itself: the columns of its header row, and each cell as its own code
+/// draws it. [main-thread]
+class PanelTable final : public TableSource {
+ public:
+  /// `tree` is not owned; its columns and rows must stay as they are.
+  explicit PanelTable(const qelui::controls::UI_MultiColumnTree& tree);
+
+  const std::vector<TableColumn>& GetColumns() const override { return columns; }
+  std::size_t CountRows() const override { return tree.CountRows(); }
+  /// Throws: qel_exception or std::runtime_error when the panel fails to draw the cell.
+  TableCell ReadCell(std::size_t row, std::size_t column) override;
+
+ private:
+  /// Where a column stands in the header row.
+  struct Place {
+    std::size_t displayIndex = 0;
+    float pixels = 0;
+  };
+
+  const qelui::controls::UI_MultiColumnTree& tree;
+  std::vector<TableColumn> columns;
+  std::vector<Place> places;
+  RecordingDrawbot drawbot;
+  /// Keeps the text of the cell read last.
+  qelcore::UTF8String text;
+};
+
+}  // namespace standalone
