@@ -96,7 +96,9 @@ void OtioReport::CountRoundedRate(const OtioPlace& place, JsonValue object, std:
     // Each way to round the dozen rates in use; a file that holds more is damaged.
     constexpr std::size_t kMostRates = 32;
     if (roundedRates.size() == kMostRates) return;
-    found = roundedRates.insert(found, RoundedRate{{}, std::string(text), rate});
+    found = roundedRates.emplace(found);
+    found->text = text;
+    found->rate = rate;
   }
   Count(found->counter, place, object, 1);
 }
