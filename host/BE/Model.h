@@ -177,6 +177,10 @@ class HOST_API IClip : public qelcore::IUnknown {
  public:
   static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("BE::IClip");
   virtual qelcore::UTF8String GetName() const = 0;
+  /// True when the clip is switched off.
+  virtual bool IsDisabled() const = 0;
+  /// True when the clip shows one of several cameras.
+  virtual bool IsMulticam() const = 0;
   /// The duration of one frame or sample of what the clip plays; kUnknownFrameDuration if not known.
   virtual qelmediatypes::TickTime GetFrameDuration() const = 0;
   virtual qelcore::Ref<IMedia> GetMedia() const = 0;
@@ -250,6 +254,21 @@ class HOST_API IMasterClip : public qelcore::IUnknown {
 
  protected:
   ~IMasterClip() override;
+};
+
+/// The stretch of a master clip that a clip plays, and how it plays it.
+class HOST_API IChildClip : public qelcore::IUnknown {
+ public:
+  static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("BE::IChildClip");
+  /// True when it plays faster, slower, backward, or stands still.
+  virtual bool IsSpeedChanged() const = 0;
+  /// True when what it plays is a sequence.
+  virtual bool IsSequence() const = 0;
+  /// The master clip, or empty.
+  virtual qelcore::Ref<IMasterClip> GetMasterClip() const = 0;
+
+ protected:
+  ~IChildClip() override;
 };
 
 /// An entry of the project: a master clip with what people have noted on it.

@@ -10,6 +10,9 @@
 namespace BE {
 
 namespace TrackItemUtils {
+/// The clip of a clip item, and what that clip plays a stretch of; or empty.
+HOST_API qelcore::Ref<IClip> GetClip(const qelcore::Ref<ITrackItem>& trackItem);
+HOST_API qelcore::Ref<IChildClip> GetChildClip(const qelcore::Ref<ITrackItem>& trackItem);
 /// The master clip of a clip item, or empty.
 HOST_API qelcore::Ref<IMasterClip> GetMasterClip(const qelcore::Ref<ITrackItem>& trackItem);
 /// The transition at the start, or at the end, of a clip item, or empty.
@@ -20,6 +23,8 @@ HOST_API qelcore::Ref<ITransition> GetTailTransition(const qelcore::Ref<ITrackIt
 namespace MasterClipUtils {
 /// The media that stands in for the master clip's, or empty.
 HOST_API qelcore::Ref<IMedia> GetProxyMedia(const qelcore::Ref<IMasterClip>& masterClip);
+/// True when the master clip is one still picture.
+HOST_API bool IsStill(const qelcore::Ref<IMasterClip>& masterClip);
 /// The project item that the master clip belongs to, or empty.
 HOST_API qelcore::Ref<IProjectItem> GetProjectItem(const qelcore::Ref<IMasterClip>& masterClip);
 }  // namespace MasterClipUtils

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/HostAPI.h"
+#include "host/qelcore/Locale.h"
 #include "host/qelcore/UTF8String.h"
 
 /// Text operations. All are [any-thread] and pure.
@@ -23,6 +24,10 @@ HOST_API UTF8String UTF16to8(std::u16string_view text);
 /// not searched again. An empty `find` changes nothing.
 HOST_API std::string ReplaceInString(std::string_view text, std::string_view find,
                                      std::string_view replacement);
+
+/// `text` with each byte lowered by the locale's classification; as long as before. A text that has
+/// nothing to lower is returned as it is, sharing its buffer.
+HOST_API UTF8String LowerCase(const UTF8String& text, const Locale& locale);
 
 /// The room that ConvertUInt64ToBufferT needs: the 20 digits of 18446744073709551615.
 inline constexpr std::size_t kUInt64BufferSize = 20;

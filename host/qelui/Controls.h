@@ -5,6 +5,8 @@
 #include <memory>
 
 #include "host/HostAPI.h"
+#include "host/qelcore/UTF8String.h"
+#include "host/qelui/ImageHandler.h"
 #include "host/qelui/Node.h"
 
 namespace qelui::ui {
@@ -45,6 +47,67 @@ class HOST_API UI_ControlView : public ui::UI_SubView {
   std::unique_ptr<State> state;
 };
 
+/// A control whose value also changes step by step while the user is at it.
+class HOST_API UI_InteractiveControlView : public UI_ControlView {
+ public:
+  ~UI_InteractiveControlView() override;
+
+  /// Registers a callback (not null) for each step; callbacks run in the order registered.
+  /// [main-thread]
+  void NotifyWhenChangedInteractively(ui::SharedMessageFunction callback);
+
+ protected:
+  UI_InteractiveControlView();
+  /// Runs the callbacks for a step.
+  void BroadcastChangedInteractively(const ui::Message& message);
+
+ private:
+  class State;
+  std::unique_ptr<State> state;
+};
+
+/// The message of a text field: its text is another one, or was committed.
+class HOST_API UI_TextChangedMessage final : public ui::Message {
+ public:
+  UI_TextChangedMessage();
+  ~UI_TextChangedMessage() override;
+};
+
+/// A field of one line of text.
+class HOST_API UI_TextEdit : public UI_InteractiveControlView {
+ public:
+  UI_TextEdit();
+  ~UI_TextEdit() override;
+
+  /// [main-thread]
+  qelcore::UTF8String GetValueUTF8() const;
+
+  /// What typing by the user does: the field holds `text`, and the interactive callbacks run. A
+  /// disabled field does nothing. [main-thread]
+  void Type(const qelcore::UTF8String& text);
+  /// What Enter, or leaving the field, does: the change callbacks run. As above. [main-thread]
+  void Commit();
+
+ private:
+  class State;
+  std::unique_ptr<State> state;
+};
+
+/// A field for a search text.
+class HOST_API UI_SearchBox : public UI_TextEdit {
+ public:
+  /// `hasClearButton`: a click empties the field; `isKeepingHistory`: earlier texts are offered.
+  UI_SearchBox(bool hasClearButton, bool isKeepingHistory);
+  ~UI_SearchBox() override;
+
+  bool HasClearButton() const noexcept { return hasClearButton; }
+  bool IsKeepingHistory() const noexcept { return isKeepingHistory; }
+
+ private:
+  bool hasClearButton;
+  bool isKeepingHistory;
+};
+
 /// The message of a button: it was clicked.
 class HOST_API UI_ButtonChangedMessage final : public ui::Message {
  public:
@@ -58,7 +121,7 @@ class HOST_API UI_ButtonChangedMessage final : public ui::Message {
 };
 
 /// A push button that shows a picture.
-class HOST_API UI_PictureButton : public UI_ControlView {
+class HOST_API UI_PictureButton : public UI_ControlView, public UI_ImageHandling {
  public:
   UI_PictureButton();
   ~UI_PictureButton() override;

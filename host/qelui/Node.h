@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
+
 #include "host/HostAPI.h"
 #include "host/qelcore/CountedObject.h"
+#include "host/qelcore/UTF8String.h"
 #include "host/qelui/Events.h"
 #include "host/qelui/Geometry.h"
 
@@ -21,12 +24,20 @@ class HOST_API UI_Node : public qelcore::CountedObject {
   void UI_SetBounds(const Rect& newBounds);
   Rect UI_GetBounds() const;
 
+  /// What is shown when the pointer rests on the control; may hold line breaks; empty: nothing.
+  /// @param maximumWidth pixels, before the text is broken into lines
+  void UI_SetToolTip(const qelcore::UTF8String& text, std::uint32_t maximumWidth);
+  const qelcore::UTF8String& UI_GetToolTip() const;
+  std::uint32_t UI_GetToolTipWidth() const;
+
  protected:
   UI_Node();
   void DeleteSelf() noexcept override;
 
  private:
   Rect bounds;
+  qelcore::UTF8String toolTip;
+  std::uint32_t toolTipWidth = 0;
   bool isEnabled = true;
 };
 

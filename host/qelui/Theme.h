@@ -29,6 +29,14 @@ HOST_API qelcore::UTF8String GetFontName(std::uint32_t number);
 
 }  // namespace qelui::ui
 
+namespace qelui::skins {
+
+/// Whether controls are drawn by the seventh generation of the toolkit's look, or a later one.
+/// [any-thread]
+HOST_API bool IsRunningV7OrBeyond();
+
+}  // namespace qelui::skins
+
 namespace qelui::skins::utilities {
 
 /// [any-thread]
