@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "data/FrameRateText.h"
 #include "data/GapRow.h"
 #include "data/MediaFileTexts.h"
 #include "data/MediaTypes.h"
@@ -21,18 +22,9 @@ namespace {
 using qelcore::UTF8String;
 using qelmediatypes::TickTime;
 
-/// The last argument of CreateVideoFrameRateString: "25.00 fps".
-constexpr int kFramesPerSecond = 0;
-
 UTF8String Decimal(std::uint64_t value) {
   char buffer[qelcore::string::kUInt64BufferSize];
   return UTF8String(qelcore::string::ConvertUInt64ToBufferT(value, buffer));
-}
-
-UTF8String FrameRateText(const TrackItemRowData& row) {
-  return IsVideoRow(row)
-             ? MZ::SettingsDescriptions::CreateVideoFrameRateString(row.frameRate, kFramesPerSecond)
-             : MZ::SettingsDescriptions::CreateAudioSampleRateString(row.frameRate);
 }
 
 UTF8String TrackText(const TrackItemRowData& row) {
@@ -60,9 +52,9 @@ UTF8String ClipText(const TrackItemRowData& row, ColumnID column) {
   if (IsGapRow(row)) return {};
   switch (column) {
     case kColumnComment:
-      return CommentText(row.trackItem);
+      return CommentText(FindProjectItem(row.trackItem));
     case kColumnDescription:
-      return DescriptionText(row.trackItem);
+      return DescriptionText(FindProjectItem(row.trackItem));
     case kColumnFileName:
       return FileNameText(FindMedia(row));
     case kColumnFilePath:
@@ -72,7 +64,7 @@ UTF8String ClipText(const TrackItemRowData& row, ColumnID column) {
     case kColumnMulticamCamera:
       return MulticamCameraText(row.trackItem);
     case kColumnTapeName:
-      return TapeNameText(row.trackItem);
+      return TapeNameText(FindProjectItem(row.trackItem));
     case kColumnUsageCountInSequence:
       return UsageCountText(row);
     case kColumnVideoInfo:

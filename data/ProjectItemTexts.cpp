@@ -3,26 +3,20 @@
 #include "host/BE/Utilities.h"
 
 namespace Vantrel {
-namespace {
 
 qelcore::Ref<BE::IProjectItem> FindProjectItem(const qelcore::Ref<BE::ITrackItem>& trackItem) {
   return BE::MasterClipUtils::GetProjectItem(BE::TrackItemUtils::GetMasterClip(trackItem));
 }
 
-}  // namespace
-
-qelcore::UTF8String CommentText(const qelcore::Ref<BE::ITrackItem>& trackItem) {
-  const auto item = FindProjectItem(trackItem);
+qelcore::UTF8String CommentText(const qelcore::Ref<BE::IProjectItem>& item) {
   return item ? item->GetColumnProperty("Column.PropertyText.Comment") : qelcore::UTF8String();
 }
 
-qelcore::UTF8String DescriptionText(const qelcore::Ref<BE::ITrackItem>& trackItem) {
-  const auto item = FindProjectItem(trackItem);
+qelcore::UTF8String DescriptionText(const qelcore::Ref<BE::IProjectItem>& item) {
   return item ? item->GetDescription() : qelcore::UTF8String();
 }
 
-qelcore::UTF8String TapeNameText(const qelcore::Ref<BE::ITrackItem>& trackItem) {
-  const auto item = FindProjectItem(trackItem);
+qelcore::UTF8String TapeNameText(const qelcore::Ref<BE::IProjectItem>& item) {
   return item ? item->GetTapeName() : qelcore::UTF8String();
 }
 

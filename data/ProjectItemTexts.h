@@ -4,12 +4,15 @@
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/UTF8String.h"
 
-/// What people have noted on the project item that a track item's master clip belongs to. Empty
-/// without master clip or project item. [any-thread]
+/// What people have noted on a project item; empty without one. [any-thread]
 namespace Vantrel {
 
-qelcore::UTF8String CommentText(const qelcore::Ref<BE::ITrackItem>& trackItem);
-qelcore::UTF8String DescriptionText(const qelcore::Ref<BE::ITrackItem>& trackItem);
-qelcore::UTF8String TapeNameText(const qelcore::Ref<BE::ITrackItem>& trackItem);
+/// The project item that a track item's master clip belongs to. Empty without master clip or project
+/// item.
+qelcore::Ref<BE::IProjectItem> FindProjectItem(const qelcore::Ref<BE::ITrackItem>& trackItem);
+
+qelcore::UTF8String CommentText(const qelcore::Ref<BE::IProjectItem>& item);
+qelcore::UTF8String DescriptionText(const qelcore::Ref<BE::IProjectItem>& item);
+qelcore::UTF8String TapeNameText(const qelcore::Ref<BE::IProjectItem>& item);
 
 }  // namespace Vantrel

@@ -9,7 +9,8 @@ namespace Vantrel {
 /// match in either case, all other bytes exactly. Searched are, in this order: clip name, comment,
 /// description, codec, source clip name, proxy path, missing effects, fonts used and missing,
 /// transitions, effects, video info, and the frame or sample rate. [any-thread]
-/// The predicate raises the host's null-pointer error for a row without track item.
+/// The predicate raises the host's null-pointer error for a row without track item, and for a clip item
+/// without clip; without master clip there is no comment and no description.
 FilterPredicate MakeSearchPredicate(const qelcore::UTF8String& loweredText);
 
 }  // namespace Vantrel

@@ -1,7 +1,9 @@
 #include "table/SequenceIndexTree.h"
 
+#include <type_traits>
 #include <utility>
 
+#include "data/GenerateFilters.h"
 #include "table/ColumnLayout.h"
 #include "table/DataMutexLock.h"
 #include "table/HeaderRow.h"
@@ -64,11 +66,21 @@ qelcore::Ref<BE::ISequence> SequenceIndexTree::GetSequence() const {
 }
 
 void SequenceIndexTree::SetOptions(const MZ::SequenceIndex::Options& newOptions) {
-  // Copied before the lock, so that nothing inside it can fail half-way.
+  // Made before the lock, so that nothing inside it can fail half-way: options and groups always
+  // belong together. Those before are let go of after it.
+  std::vector<FilterGroup> groups = GenerateFiltersFromOptions(newOptions);
   MZ::SequenceIndex::Options copy = newOptions;
+  static_assert(std::is_nothrow_swappable_v<MZ::SequenceIndex::Options>);
   const DataMutexLock lock(dataMutex);
-  options = std::move(copy);
+  std::swap(options, copy);
+  filterGroups.swap(groups);
   shortGapThreshold = options.shortGapThreshold;
+  RefreshDataListsAndTreeViewAsync();
+}
+
+void SequenceIndexTree::SetSearchText(const qelcore::UTF8String& loweredText) {
+  const DataMutexLock lock(dataMutex);
+  searchText = loweredText;
   RefreshDataListsAndTreeViewAsync();
 }
 

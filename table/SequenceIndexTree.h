@@ -30,7 +30,8 @@ namespace Vantrel {
 /// changes nothing. Until a new sequence's build is done, the rows of the one before stay.
 ///
 /// Threads: [main-thread], except RefreshDataListsAndTreeViewAsync. The data mutex guards everything
-/// that a build reads or stores: sequence, options, filter groups, threshold, next and current lists.
+/// that a build reads or stores: sequence, options, filter groups, search text, threshold, next and
+/// current lists.
 /// The current lists change on the main thread only, so readers there need no lock. Lock order: the
 /// data mutex before any lock of the host's; no broadcast and no dialog under it.
 ///
@@ -51,8 +52,13 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   void SetSequence(const qelcore::Ref<BE::ISequence>& newSequence);
   qelcore::Ref<BE::ISequence> GetSequence() const;
 
-  /// Takes over a copy of the options, and refreshes.
+  /// Takes over a copy of the options, and refreshes. Throws: std::out_of_range when a filter is
+  /// switched on that does not exist; nothing has changed then.
   void SetOptions(const MZ::SequenceIndex::Options& newOptions);
+
+  /// From now on shows only rows of which a text contains this one, which is lowered already, and
+  /// refreshes. An empty text lets every row through.
+  void SetSearchText(const qelcore::UTF8String& loweredText);
 
   /// Schedules a rebuild and returns at once. [any-thread]
   void RefreshDataListsAndTreeViewAsync();
@@ -103,6 +109,7 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   TrackItemDataList currentFullList;
   TrackItemDataList currentFilteredList;
   std::vector<FilterGroup> filterGroups;
+  qelcore::UTF8String searchText;
   MZ::SequenceIndex::Options options;
   std::int32_t shortGapThreshold = 5;
   SharedItemDataList nextFullList;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "data/RowCollection.h"
+#include "data/SearchPredicate.h"
 #include "data/ShortGaps.h"
 #include "host/BE/MediaTypes.h"
 #include "host/qelcore/CountedObject.h"
@@ -44,6 +45,13 @@ void LetDieOnPool(SharedItemDataList fullList, SharedItemDataList filteredList) 
   } catch (const std::exception&) {
     // Not queued: they have died here, which is only slower.
   }
+}
+
+FilterGroup MakeSearchGroup(const qelcore::UTF8String& loweredText) {
+  FilterGroup group;
+  group.kind = kFilterGroupKind_Any;
+  group.predicates.push_back(MakeSearchPredicate(loweredText));
+  return group;
 }
 
 }  // namespace
@@ -103,12 +111,15 @@ SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFullList() {
 SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFilteredList(
     const TrackItemDataList& fullList) {
   std::vector<FilterGroup> groups;
+  qelcore::UTF8String wantedText;
   bool isKeepingGaps = false;
   {
     const DataMutexLock lock(dataMutex);
     groups = filterGroups;
+    wantedText = searchText;
     isKeepingGaps = options.isKeepingGaps;
   }
+  if (!wantedText.Empty()) groups.push_back(MakeSearchGroup(wantedText));
   return FilterTrackItemDataList(fullList, groups, isKeepingGaps);
 }
 

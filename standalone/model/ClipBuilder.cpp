@@ -31,6 +31,11 @@ std::uint64_t PackNumbers(const MediaDraft& draft, bool hasPicture) {
   return (PackFlags(draft) << 1U | (hasPicture ? 1U : 0U)) << 32U | draft.fourCC;
 }
 
+/// What the media tells of its master clip.
+std::uint64_t PackMasterClipFlags(const MediaDraft& draft) {
+  return PackFlags(draft) << 1U | (draft.isStill ? 1U : 0U);
+}
+
 }  // namespace
 
 ClipBuilder::ClipBuilder(SequenceContent& content, TextPool& texts) : content(content), texts(texts) {}
@@ -65,6 +70,9 @@ ClipNode& ClipBuilder::Build(const ClipDraft& draft, bool hasPicture, Transition
   values.componentCount = content.components.Size() - values.firstComponent;
   values.labelColor = draft.labelColor;
   values.isGraphic = draft.isGraphic;
+  values.isDisabled = draft.isDisabled;
+  values.isSpeedChanged = draft.hasSpeedChange;
+  values.isSequence = draft.nestedSequence.has_value();
   if (!draft.media.address.empty()) ++content.usageCounts[texts.Share(draft.media.address).View()];
   return content.clips.Add(content, std::move(values));
 }
@@ -88,9 +96,10 @@ MediaNode& ClipBuilder::BuildMedia(const MediaDraft& draft, bool hasPicture) {
 }
 
 MasterClipNode& ClipBuilder::ShareMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
-  Key<9> key{KeyOf(draft.media.address), KeyOf(draft.sourceClipName), KeyOf(draft.comment),
-             KeyOf(draft.description),   KeyOf(draft.tapeName),       KeyOf(draft.media.offlineReason),
-             PackFlags(draft.media)};
+  Key<9> key{
+      KeyOf(draft.media.address),      KeyOf(draft.sourceClipName), KeyOf(draft.comment),
+      KeyOf(draft.description),        KeyOf(draft.tapeName),       KeyOf(draft.media.offlineReason),
+      PackMasterClipFlags(draft.media)};
   if (draft.proxy) {
     // A proxy is a fact even when nobody knows where it lies.
     constexpr std::uint64_t kHasProxy = std::uint64_t{1} << 63U;
@@ -103,10 +112,13 @@ MasterClipNode& ClipBuilder::ShareMasterClip(const ClipDraft& draft, MediaNode& 
 }
 
 MasterClipNode& ClipBuilder::BuildMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
-  MediaNode* const proxy = draft.proxy ? &ShareMedia(*draft.proxy, false) : nullptr;
+  MasterClipNode::Source source;
+  source.media = &clipMedia;
+  if (draft.proxy) source.proxy = &ShareMedia(*draft.proxy, false);
+  source.isStill = draft.media.isStill;
   ProjectItemNode::Texts itemTexts{texts.Share(draft.comment), texts.Share(draft.description),
                                    texts.Share(draft.tapeName)};
-  return content.masterClips.Add(content, texts.Share(draft.sourceClipName), clipMedia, proxy,
+  return content.masterClips.Add(content, texts.Share(draft.sourceClipName), source,
                                  std::move(itemTexts));
 }
 

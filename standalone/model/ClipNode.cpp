@@ -11,6 +11,7 @@ ClipNode::ClipNode(const SequenceContent& content, Values values)
 
 void* ClipNode::QueryInterface(qelcore::InterfaceID id) noexcept {
   if (id == BE::IClip::kInterfaceID) return static_cast<BE::IClip*>(this);
+  if (id == BE::IChildClip::kInterfaceID) return static_cast<BE::IChildClip*>(this);
   if (id == BE::IComponentOwner::kInterfaceID) return static_cast<BE::IComponentOwner*>(this);
   if (id == kInterfaceID) return this;
   return nullptr;
@@ -18,6 +19,10 @@ void* ClipNode::QueryInterface(qelcore::InterfaceID id) noexcept {
 
 qelcore::Ref<BE::IMedia> ClipNode::GetMedia() const {
   return qelcore::Ref<BE::IMedia>(values.media);
+}
+
+qelcore::Ref<BE::IMasterClip> ClipNode::GetMasterClip() const {
+  return qelcore::Ref<BE::IMasterClip>(values.masterClip);
 }
 
 qelcore::Ref<BE::IComponent> ClipNode::GetComponent(std::size_t index) const {

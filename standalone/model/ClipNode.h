@@ -21,7 +21,7 @@ struct MulticamCameras {
   std::size_t selected = 0;
 };
 
-class ClipNode final : public ContentNode<BE::IClip, BE::IComponentOwner> {
+class ClipNode final : public ContentNode<BE::IClip, BE::IChildClip, BE::IComponentOwner> {
  public:
   static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("standalone::ClipNode");
 
@@ -34,20 +34,29 @@ class ClipNode final : public ContentNode<BE::IClip, BE::IComponentOwner> {
     MasterClipNode* masterClip = nullptr;
     TransitionNode* headTransition = nullptr;
     TransitionNode* tailTransition = nullptr;
+    /// Null unless the clip is a multi-camera clip.
     const MulticamCameras* cameras = nullptr;
     /// Where the clip's components lie among those of the content.
     std::size_t firstComponent = 0;
     std::size_t componentCount = 0;
     ZSL::Color labelColor;
     bool isGraphic = false;
+    bool isDisabled = false;
+    bool isSpeedChanged = false;
+    bool isSequence = false;
   };
 
   ClipNode(const SequenceContent& content, Values values);
 
   void* QueryInterface(qelcore::InterfaceID id) noexcept override;
   qelcore::UTF8String GetName() const override { return values.name; }
+  bool IsDisabled() const override { return values.isDisabled; }
+  bool IsMulticam() const override { return values.cameras != nullptr; }
   qelmediatypes::TickTime GetFrameDuration() const override { return values.frameDuration; }
   qelcore::Ref<BE::IMedia> GetMedia() const override;
+  bool IsSpeedChanged() const override { return values.isSpeedChanged; }
+  bool IsSequence() const override { return values.isSequence; }
+  qelcore::Ref<BE::IMasterClip> GetMasterClip() const override;
   std::size_t GetComponentCount() const override { return values.componentCount; }
   qelcore::Ref<BE::IComponent> GetComponent(std::size_t index) const override;
 

@@ -20,6 +20,7 @@ IComponent::~IComponent() = default;
 IComponentOwner::~IComponentOwner() = default;
 ITransition::~ITransition() = default;
 IMasterClip::~IMasterClip() = default;
+IChildClip::~IChildClip() = default;
 IProjectItem::~IProjectItem() = default;
 
 }  // namespace BE

@@ -20,12 +20,11 @@ qelcore::UTF8String ProjectItemNode::GetColumnProperty(std::string_view property
   return propertyName == kCommentProperty ? texts.comment : qelcore::UTF8String();
 }
 
-MasterClipNode::MasterClipNode(const SequenceContent& content, qelcore::UTF8String name,
-                               MediaNode& media, MediaNode* proxy, ProjectItemNode::Texts texts)
+MasterClipNode::MasterClipNode(const SequenceContent& content, qelcore::UTF8String name, Source source,
+                               ProjectItemNode::Texts texts)
     : ContentNode(content),
       name(std::move(name)),
-      media(&media),
-      proxy(proxy),
+      source(source),
       projectItem(content, std::move(texts)) {}
 
 void* MasterClipNode::QueryInterface(qelcore::InterfaceID id) noexcept {
@@ -35,11 +34,11 @@ void* MasterClipNode::QueryInterface(qelcore::InterfaceID id) noexcept {
 }
 
 qelcore::Ref<BE::IMedia> MasterClipNode::GetMedia() const {
-  return qelcore::Ref<BE::IMedia>(media);
+  return qelcore::Ref<BE::IMedia>(source.media);
 }
 
 qelcore::Ref<BE::IMedia> MasterClipNode::GetProxyMedia() const {
-  return qelcore::Ref<BE::IMedia>(proxy);
+  return qelcore::Ref<BE::IMedia>(source.proxy);
 }
 
 qelcore::Ref<BE::IProjectItem> MasterClipNode::GetProjectItem() {

@@ -33,9 +33,15 @@ class MasterClipNode final : public ContentNode<BE::IMasterClip> {
  public:
   static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("standalone::MasterClipNode");
 
-  /// `media` and `proxy` are nodes of the same content; there may be no proxy.
-  MasterClipNode(const SequenceContent& content, qelcore::UTF8String name, MediaNode& media,
-                 MediaNode* proxy, ProjectItemNode::Texts texts);
+  /// What a master clip plays: nodes of the same content; there may be no proxy.
+  struct Source {
+    MediaNode* media = nullptr;
+    MediaNode* proxy = nullptr;
+    bool isStill = false;
+  };
+
+  MasterClipNode(const SequenceContent& content, qelcore::UTF8String name, Source source,
+                 ProjectItemNode::Texts texts);
 
   void* QueryInterface(qelcore::InterfaceID id) noexcept override;
   qelcore::UTF8String GetName() const override { return name; }
@@ -43,11 +49,11 @@ class MasterClipNode final : public ContentNode<BE::IMasterClip> {
 
   qelcore::Ref<BE::IMedia> GetProxyMedia() const;
   qelcore::Ref<BE::IProjectItem> GetProjectItem();
+  bool IsStill() const noexcept { return source.isStill; }
 
  private:
   qelcore::UTF8String name;
-  MediaNode* media;
-  MediaNode* proxy;
+  Source source;
   ProjectItemNode projectItem;
 };
 

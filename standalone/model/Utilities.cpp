@@ -11,6 +11,14 @@ using qelcore::Ref;
 
 namespace TrackItemUtils {
 
+Ref<IClip> GetClip(const Ref<ITrackItem>& trackItem) {
+  return trackItem ? trackItem->GetClip() : Ref<IClip>();
+}
+
+Ref<IChildClip> GetChildClip(const Ref<ITrackItem>& trackItem) {
+  return qelcore::QueryInterface<IChildClip>(GetClip(trackItem));
+}
+
 Ref<IMasterClip> GetMasterClip(const Ref<ITrackItem>& trackItem) {
   const auto clip = standalone::FindClipNode(trackItem);
   return clip ? Ref<IMasterClip>(clip->GetValues().masterClip) : Ref<IMasterClip>();
@@ -33,6 +41,11 @@ namespace MasterClipUtils {
 Ref<IMedia> GetProxyMedia(const Ref<IMasterClip>& masterClip) {
   const auto* const node = qelcore::FindInterface<standalone::MasterClipNode>(masterClip.Get());
   return node == nullptr ? Ref<IMedia>() : node->GetProxyMedia();
+}
+
+bool IsStill(const Ref<IMasterClip>& masterClip) {
+  const auto* const node = qelcore::FindInterface<standalone::MasterClipNode>(masterClip.Get());
+  return node != nullptr && node->IsStill();
 }
 
 Ref<IProjectItem> GetProjectItem(const Ref<IMasterClip>& masterClip) {

@@ -1,5 +1,6 @@
 #include "host/qelcore/Strings.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace qelcore::string {
@@ -107,6 +108,15 @@ std::string ReplaceInString(std::string_view text, std::string_view find,
     start = hit + find.size();
   }
   return result.append(text.substr(start));
+}
+
+UTF8String LowerCase(const UTF8String& text, const Locale& locale) {
+  const std::string_view given = text.View();
+  const auto isLowered = [&locale](char byte) { return locale.ToLower(byte) == byte; };
+  if (std::ranges::all_of(given, isLowered)) return text;
+  std::string lowered(given);
+  for (char& byte : lowered) byte = locale.ToLower(byte);
+  return UTF8String(lowered);
 }
 
 std::string_view ConvertUInt64ToBufferT(std::uint64_t value, char* buffer) noexcept {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "data/RandomSequence.h"
 #include "support/CollectedRows.h"
 #include "support/Drafts.h"
 
@@ -17,55 +17,6 @@ using standalone::TrackKind;
 
 /// Every text and number of a row as one line, for comparing and for reading failures.
 using Line = std::string;
-
-class RandomSequence {
- public:
-  explicit RandomSequence(unsigned seed) : random(seed) {}
-
-  standalone::SequenceDraft Make() {
-    auto sequence = drafts::MakeSequence();
-    for (const TrackKind kind : {TrackKind::kVideo, TrackKind::kAudio}) {
-      const int tracks = Below(4);
-      for (int i = 0; i < tracks; ++i) FillTrack(drafts::AddTrack(sequence, kind));
-    }
-    return sequence;
-  }
-
- private:
-  int Below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
-
-  void FillTrack(standalone::TrackDraft& track) {
-    const int items = Below(12);
-    int frame = Below(3);
-    for (int i = 0; i < items; ++i) {
-      const int end = frame + 1 + Below(40);
-      if (Below(4) != 0) {
-        Dress(drafts::AddClip(track, "Clip " + std::to_string(random() % 100), frame, end));
-      }
-      frame = end + (Below(3) == 0 ? Below(9) : 0);
-    }
-  }
-
-  void Dress(standalone::ClipDraft& clip) {
-    if (Below(3) == 0) clip.name += "\nsecond line";
-    if (Below(3) == 0) clip.media.codec = "Codec " + std::to_string(Below(5));
-    if (Below(4) == 0) clip.media.isOffline = true;
-    if (Below(4) == 0) clip.media.isSynthetic = true;
-    if (Below(4) == 0) {
-      const bool isOffline = Below(2) == 0;
-      clip.proxy.emplace().address = isOffline ? "/proxy/gone" : "/proxy/here";
-      clip.proxy->isOffline = isOffline;
-    }
-    for (int i = Below(4); i > 0; --i) {
-      drafts::AddEffect(clip, "Effect " + std::to_string(i), Below(3) == 0).isIntrinsic = Below(3) == 0;
-    }
-    if (Below(3) == 0) clip.headTransition = standalone::TransitionDraft{"Fade", Below(2) == 0};
-    if (Below(3) == 0) clip.tailTransition = standalone::TransitionDraft{"Wipe", Below(2) == 0};
-    clip.labelColor = ZSL::Color{static_cast<std::uint8_t>(Below(256)), 0, 255, 255};
-  }
-
-  std::mt19937 random;
-};
 
 class NaiveCollector {
  public:

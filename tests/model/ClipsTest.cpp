@@ -55,6 +55,53 @@ TEST_F(Clips, AClipWithoutAnyFactsStillHasMediaAndComponents) {
   EXPECT_EQ(components->GetComponentCount(), 0U);
 }
 
+TEST_F(Clips, AClipKnowsWhetherItIsDisabled) {
+  drafts::AddClip(track, "A", 0, 10).isDisabled = true;
+  drafts::AddClip(track, "B", 10, 20);
+  const auto clips = CollectClips(Publish());
+  EXPECT_TRUE(clips[0]->GetClip()->IsDisabled());
+  EXPECT_FALSE(clips[1]->GetClip()->IsDisabled());
+}
+
+TEST_F(Clips, AClipIsMulticamWithOrWithoutNamesOfItsCameras) {
+  drafts::AddClip(track, "A", 0, 10).multicam = {true, {"Cam 1"}, 0};
+  drafts::AddClip(track, "B", 10, 20).multicam.isMulticam = true;
+  drafts::AddClip(track, "C", 20, 30).multicam.cameraNames = {"Cam 1"};
+  const auto clips = CollectClips(Publish());
+  EXPECT_TRUE(clips[0]->GetClip()->IsMulticam());
+  EXPECT_TRUE(clips[1]->GetClip()->IsMulticam());
+  EXPECT_FALSE(clips[2]->GetClip()->IsMulticam());
+}
+
+TEST_F(Clips, TheChildClipKnowsSpeedSequenceAndMasterClip) {
+  drafts::AddClip(track, "A", 0, 10).hasSpeedChange = true;
+  drafts::AddClip(track, "B", 10, 20).nestedSequence = 0;
+  const auto clips = CollectClips(Publish());
+  const auto fast = BE::TrackItemUtils::GetChildClip(clips[0]);
+  const auto nested = BE::TrackItemUtils::GetChildClip(clips[1]);
+  ASSERT_TRUE(fast && nested);
+  EXPECT_TRUE(fast->IsSpeedChanged());
+  EXPECT_FALSE(fast->IsSequence());
+  EXPECT_FALSE(nested->IsSpeedChanged());
+  EXPECT_TRUE(nested->IsSequence());
+  EXPECT_EQ(fast->GetMasterClip(), MasterClipAt(0));
+  EXPECT_EQ(nested->GetMasterClip(), MasterClipAt(1));
+}
+
+TEST_F(Clips, TheClipOfAnItemIsItsOwn) {
+  drafts::AddClip(track, "A", 0, 10);
+  EXPECT_EQ(BE::TrackItemUtils::GetClip(FirstItem()), FirstItem()->GetClip());
+}
+
+TEST_F(Clips, AStillAndAMovingPictureOfTheSameFactsAreTwoMasterClips) {
+  drafts::AddClip(track, "A", 0, 10).media.isStill = true;
+  drafts::AddClip(track, "A", 10, 20);
+  drafts::AddClip(track, "A", 20, 30).media.isStill = true;
+  EXPECT_TRUE(BE::MasterClipUtils::IsStill(MasterClipAt(0)));
+  EXPECT_FALSE(BE::MasterClipUtils::IsStill(MasterClipAt(1)));
+  EXPECT_EQ(MasterClipAt(2), MasterClipAt(0));
+}
+
 TEST_F(Clips, MediaAnswersItsStates) {
   using Media = standalone::MediaDraft;
   for (bool Media::*const state : {&Media::isSynthetic, &Media::isOffline, &Media::isPendingConnection,
@@ -319,6 +366,8 @@ TEST_F(Multicam, ASelectionOfNoItemIsRefused) {
 
 /// Every question about an item or its clip, each expected to be answered with nothing.
 void ExpectNeutralAnswers(const Ref<BE::ITrackItem>& item, const Ref<BE::IClip>& clip) {
+  EXPECT_EQ(BE::TrackItemUtils::GetClip(item), clip);
+  EXPECT_FALSE(BE::TrackItemUtils::GetChildClip(item));
   EXPECT_FALSE(BE::TrackItemUtils::GetMasterClip(item));
   EXPECT_FALSE(BE::TrackItemUtils::GetHeadTransition(item));
   EXPECT_FALSE(BE::TrackItemUtils::GetTailTransition(item));
@@ -342,6 +391,7 @@ TEST_F(Clips, NothingGivesNeutralAnswers) {
   ExpectNeutralAnswers({}, {});
   EXPECT_EQ(MZ::FindClip::GetClipName({}), "");
   EXPECT_FALSE(BE::MasterClipUtils::GetProxyMedia({}));
+  EXPECT_FALSE(BE::MasterClipUtils::IsStill({}));
   EXPECT_FALSE(BE::MasterClipUtils::GetProjectItem({}));
   EXPECT_FALSE(BE::MediaUtils::IsSynthetic({}));
   EXPECT_EQ(BE::SequenceUtils::GetZeroPoint({}).GetTicks(), 0);
@@ -368,6 +418,8 @@ class ForeignItem final : public Fake<BE::ITrackItem> {
 class ForeignClip final : public Fake<BE::IClip> {
  public:
   qelcore::UTF8String GetName() const override { return qelcore::UTF8String("Foreign"); }
+  bool IsDisabled() const override { return false; }
+  bool IsMulticam() const override { return false; }
   qelmediatypes::TickTime GetFrameDuration() const override { return drafts::Frame(1); }
   Ref<BE::IMedia> GetMedia() const override { return {}; }
 };

@@ -97,6 +97,27 @@ TEST(ReplaceInString, AnEmptySearchTextChangesNothing) {
   EXPECT_EQ(ReplaceInString("abc", "", "x"), "abc");
 }
 
+std::string Lowered(std::string_view text) {
+  return std::string(LowerCase(UTF8String(text), qelcore::Locale::Default()).View());
+}
+
+TEST(LowerCase, LowersSingleByteLettersOnly) {
+  EXPECT_EQ(Lowered("A-Z, a-z, 0-9 [@`{]"), "a-z, a-z, 0-9 [@`{]");
+  EXPECT_EQ(Lowered("\u00c9COLE \u00c4\u0130\u1e9e\u212a \u0416"),
+            "\u00c9cole \u00c4\u0130\u1e9e\u212a \u0416");
+  EXPECT_EQ(Lowered(""), "");
+}
+
+TEST(LowerCase, KeepsLengthAndZeroBytes) {
+  const std::string_view text("A\0B", 3);
+  EXPECT_EQ(Lowered(text), std::string_view("a\0b", 3));
+}
+
+TEST(LowerCase, SharesATextThatIsLoweredAlready) {
+  const UTF8String text("already \u00c9 lowered");
+  EXPECT_TRUE(LowerCase(text, qelcore::Locale::Default()).SharesBufferWith(text));
+}
+
 TEST(Digits, CoverAll64Bits) {
   EXPECT_EQ(Digits(0), "0");
   EXPECT_EQ(Digits(1234567), "1234567");

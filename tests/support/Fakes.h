@@ -93,13 +93,14 @@ class Component final : public Counted<BE::IComponent> {
   const qelcore::Ref<BE::IComponent> real;
 };
 
-/// A clip that can lack its media, its components or its master clip, or hold others.
-class Clip final : public Counted<BE::IClip>, public BE::IComponentOwner {
+/// A clip that can lack its media, its components, its child clip or its master clip, or hold others.
+class Clip final : public Counted<BE::IClip>, public BE::IChildClip, public BE::IComponentOwner {
  public:
   explicit Clip(qelcore::Ref<BE::IClip> real) : real(std::move(real)) {}
 
   bool hasMedia = true;
   bool hasComponents = true;
+  bool hasChildClip = true;
   /// False: the project knows no such clip.
   bool hasMasterClip = true;
   /// In place of the real clip's components; may hold empty references.
@@ -114,9 +115,19 @@ class Clip final : public Counted<BE::IClip>, public BE::IComponentOwner {
     if (id == BE::IComponentOwner::kInterfaceID) {
       return hasComponents ? static_cast<BE::IComponentOwner*>(this) : nullptr;
     }
+    if (id == BE::IChildClip::kInterfaceID) {
+      return hasChildClip ? static_cast<BE::IChildClip*>(this) : nullptr;
+    }
     return hasMasterClip ? real->QueryInterface(id) : nullptr;
   }
   qelcore::UTF8String GetName() const override { return name ? *name : real->GetName(); }
+  bool IsDisabled() const override { return real->IsDisabled(); }
+  bool IsMulticam() const override { return real->IsMulticam(); }
+  bool IsSpeedChanged() const override { return RealChildClip().IsSpeedChanged(); }
+  bool IsSequence() const override { return RealChildClip().IsSequence(); }
+  qelcore::Ref<BE::IMasterClip> GetMasterClip() const override {
+    return hasMasterClip ? RealChildClip().GetMasterClip() : qelcore::Ref<BE::IMasterClip>();
+  }
   qelmediatypes::TickTime GetFrameDuration() const override {
     return frameDuration ? *frameDuration : real->GetFrameDuration();
   }
@@ -134,6 +145,7 @@ class Clip final : public Counted<BE::IClip>, public BE::IComponentOwner {
   BE::IComponentOwner& RealComponents() const {
     return *qelcore::FindInterface<BE::IComponentOwner>(real.Get());
   }
+  BE::IChildClip& RealChildClip() const { return *qelcore::FindInterface<BE::IChildClip>(real.Get()); }
   const qelcore::Ref<BE::IClip> real;
 };
 

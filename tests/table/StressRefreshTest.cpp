@@ -28,8 +28,8 @@ standalone::SequenceDraft MakeGeneration(unsigned generation) {
   return draft;
 }
 
-/// The full list and the filtered list are of one build: equal row for row, since without groups only
-/// the gap rule selects, and of one content.
+/// The full list and the filtered list are of one build: every row shown stands in the full list
+/// at its number, and they are of one content.
 void ExpectOneBuild(const SequenceIndexTree& tree) {
   const TrackItemDataList& full = tree.GetFullList();
   const TrackItemDataList& filtered = tree.GetFilteredList();
@@ -88,7 +88,13 @@ class StressRefresh : public testing::TestWithParam<unsigned> {
     MZ::SequenceIndex::Options options;
     options.isKeepingGaps = random() % 2 == 0;
     options.shortGapThreshold = static_cast<std::int32_t>(random() % 10) - 2;
+    options.matchMode = random() % 2;
+    for (auto& [id, isSelected] : options.filterToggles) isSelected = random() % 10 == 0;
+    if (random() % 4 == 0) options.labelColors.emplace_back();
     tree->SetOptions(options);
+    // "mov" is in no text that is searched.
+    static constexpr std::string_view kTexts[] = {"", "1", "fps", "mov"};
+    tree->SetSearchText(qelcore::UTF8String(kTexts[random() % 4]));
   }
 
   std::mt19937 random{GetParam()};
@@ -116,6 +122,7 @@ TEST_P(StressRefresh, EndsWithTheLastContentAndNeverMixesTwoBuilds) {
   for (auto& asker : askers) asker.join();
 
   tree->SetOptions({});
+  tree->SetSearchText({});
   tree->SetSequence(sequence);
   host.GetRuntime().Drain();
   ExpectOneBuild(*tree);
