@@ -1,7 +1,8 @@
 # Sourced by run and test: the Debian packages that the project needs, and how they get here.
 
 sequence_index_packages="g++ cmake ninja-build ccache rapidjson-dev libcli11-dev libzip-dev libutf8proc-dev \
-libfontconfig-dev fonts-dejavu-core libgtest-dev libgmock-dev binutils"
+libfontconfig-dev libavformat-dev libavcodec-dev libavutil-dev \
+fonts-dejavu-core libgtest-dev libgmock-dev binutils"
 
 # Prints those of the named packages that are not installed.
 missing_packages() {

@@ -8,6 +8,7 @@
 #include "host/UIF/TabView.h"
 #include "host/qelcore/Messaging.h"
 #include "host/qelcore/Reference.h"
+#include "host/qelcore/UTF8String.h"
 #include "host/qelui/Controls.h"
 #include "table/SequenceIndexTree.h"
 
@@ -16,7 +17,7 @@ namespace Vantrel {
 class SequenceIndexHandler;
 
 /// The panel's tab view: the toolbar and the table. It keeps the table on the active sequence, hands
-/// it the filter options, and carries out the panel's commands.
+/// it the filter options and the search text, and carries out the panel's commands.
 ///
 /// Life: made with MakeShareable, SubscribeToStations, then Create, which builds the controls. Until
 /// then every operation that needs a control does nothing. Subscriptions hold the view weakly.
@@ -41,11 +42,16 @@ class SequenceIndexView final : public UIF::TabView, public qelcore::messaging::
   void ReceiveMessage(const qelcore::messaging::Message& message) override;
 
   /// The controls; empty until the contents were created.
+  const qelcore::Ref<qelui::controls::UI_SearchBox>& GetSearchField() const noexcept {
+    return searchField;
+  }
   const qelcore::Ref<SequenceIndexTree>& GetTree() const noexcept { return tree; }
   const qelcore::Ref<qelui::controls::UI_PictureButton>& GetFilterButton() const noexcept {
     return filterButton;
   }
   const MZ::SequenceIndex::Options& GetOptions() const noexcept { return options; }
+  /// The search text as last read, in lower case.
+  const qelcore::UTF8String& GetSearchText() const noexcept { return searchText; }
 
  protected:
   void CreateContentsSelf() override;
@@ -54,9 +60,12 @@ class SequenceIndexView final : public UIF::TabView, public qelcore::messaging::
   using Sequence = qelcore::Ref<BE::ISequence>;
 
   std::shared_ptr<SequenceIndexView> GetSelf();
+  void CreateSearchField();
   void CreateFilterButton();
   void CreateTree();
+  void SearchFieldChanged(const qelui::ui::Message& message);
   void FilterButtonChanged(const qelui::ui::Message& message);
+  void UpdateFilterButton();
   void EditOptions();
 
   void SequenceOpened(const Sequence& sequence, bool isToBeShown);
@@ -67,8 +76,10 @@ class SequenceIndexView final : public UIF::TabView, public qelcore::messaging::
   void MoveSequenceSubscriptions(const Sequence& from, const Sequence& to);
 
   std::weak_ptr<SequenceIndexHandler> handler;
+  qelcore::Ref<qelui::controls::UI_SearchBox> searchField;
   qelcore::Ref<qelui::controls::UI_PictureButton> filterButton;
   qelcore::Ref<SequenceIndexTree> tree;
+  qelcore::UTF8String searchText;
   MZ::SequenceIndex::Options options;
 };
 

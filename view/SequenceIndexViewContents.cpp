@@ -1,9 +1,6 @@
-#include <utility>
-
-#include "host/DLG/SequenceIndexDialogs.h"
 #include "host/MZ/Sequences.h"
 #include "host/UIF/Application.h"
-#include "host/qelui/Events.h"
+#include "host/UIF/Decals.h"
 #include "view/BindMessageFunction.h"
 #include "view/SequenceIndexView.h"
 
@@ -17,6 +14,7 @@ using qelui::Rect;
 constexpr float kMargin = 12;
 constexpr float kToolbarHeight = 24;
 constexpr float kToolbarGap = 6;
+constexpr float kSearchFieldWidth = 240;
 constexpr float kFilterButtonLeft = 260;
 constexpr float kFilterButtonWidth = 24;
 
@@ -27,6 +25,12 @@ constexpr float kTreeRowHeight = 18.0F;
 constexpr bool kHasChildViews = true;
 constexpr bool kIsDoubleBuffered = true;
 constexpr bool kIsEnabled = true;
+constexpr bool kHasClearButton = true;
+constexpr bool kIsKeepingHistory = false;
+
+Rect PlaceSearchField(const Rect& view) {
+  return {view.left + kMargin, view.top + kMargin, kSearchFieldWidth, kToolbarHeight};
+}
 
 Rect PlaceFilterButton(const Rect& view) {
   return {view.left + kFilterButtonLeft, view.top + kMargin, kFilterButtonWidth, kToolbarHeight};
@@ -42,16 +46,30 @@ Rect PlaceTree(const Rect& view) {
 void SequenceIndexView::CreateContentsSelf() {
   SetHasQELChildViews(kHasChildViews);
   EnableDoubleBuffering(kIsDoubleBuffered);
+  CreateSearchField();
   CreateFilterButton();
   CreateTree();
   if (!UIF::Workspace::Instance().IsBeingLoaded()) {
     if (const auto sequence = MZ::GetActiveSequence()) SequenceActivated(sequence);
   }
+  UpdateFilterButton();
   tree->SetOptions(options);
+}
+
+void SequenceIndexView::CreateSearchField() {
+  searchField = qelcore::Ref(new qelui::controls::UI_SearchBox(kHasClearButton, kIsKeepingHistory));
+  const std::weak_ptr<SequenceIndexView> self = GetSelf();
+  const auto changed = BindMessageFunction(&SequenceIndexView::SearchFieldChanged, self);
+  searchField->NotifyWhenChangedInteractively(changed);
+  searchField->NotifyWhenChanged(changed);
+  searchField->UI_SetBounds(PlaceSearchField(GetBounds()));
+  AddChildView(searchField);
 }
 
 void SequenceIndexView::CreateFilterButton() {
   filterButton = qelcore::Ref(new qelui::controls::UI_PictureButton());
+  filterButton->SetImageHandler(qelui::controls::ImageHandler::Create(
+      {UIF::kUIFFilterNotificationOffDecal, UIF::kUIFFilterNotificationOnDecal}));
   const std::weak_ptr<SequenceIndexView> self = GetSelf();
   filterButton->NotifyWhenChanged(BindMessageFunction(&SequenceIndexView::FilterButtonChanged, self));
   filterButton->UI_SetEnabled(kIsEnabled);
@@ -63,22 +81,6 @@ void SequenceIndexView::CreateTree() {
   tree = qelcore::Ref(new SequenceIndexTree(GetSelf(), kTreeStyle, kTreeRowHeight));
   tree->UI_SetBounds(PlaceTree(GetBounds()));
   AddChildView(tree);
-}
-
-void SequenceIndexView::FilterButtonChanged(const qelui::ui::Message& message) {
-  if (!tree) return;
-  const auto& click = static_cast<const qelui::controls::UI_ButtonChangedMessage&>(message);
-  if ((click.GetModKeys() & qelui::ui::kModifierControl) != 0) {
-    options = MZ::SequenceIndex::Options();
-  } else {
-    EditOptions();
-  }
-  // Also after a cancelled dialog: the click always leaves a table that shows the options.
-  tree->SetOptions(options);
-}
-
-void SequenceIndexView::EditOptions() {
-  if (auto edited = DLG::DoSequenceIndexOptionsDialog(options)) options = *std::move(edited);
 }
 
 }  // namespace Vantrel

@@ -25,7 +25,7 @@ class HOST_API UI_Node : public qelcore::CountedObject {
   Rect UI_GetBounds() const;
 
   /// What is shown when the pointer rests on the control; may hold line breaks; empty: nothing.
-  /// @param maximumWidth pixels, before the text is broken into lines
+  /// @param maximumWidth pixels; a longer text is broken into lines
   void UI_SetToolTip(const qelcore::UTF8String& text, std::uint32_t maximumWidth);
   const qelcore::UTF8String& UI_GetToolTip() const;
   std::uint32_t UI_GetToolTipWidth() const;

@@ -146,10 +146,9 @@ bool FillNames(JsonValue reference, ClipDraft& clip) {
 
 /// Picture files that do not tell their rate keep it unknown; what the host generates runs at the
 /// sequence's. Sound never has a picture rate.
-qelmediatypes::TickTime ReadFrameDuration(const OtioReference& reference, bool isSynthetic,
-                                          TrackKind kind, const OtioSequenceRates& rates,
-                                          OtioReport& report, const OtioPlace& place, JsonValue clip) {
-  if (const auto rate = ReadMediaRate(reference, kind)) return rate->ToFrameRate().GetFrameDuration();
+qelmediatypes::TickTime AssumeFrameDuration(bool isSynthetic, TrackKind kind,
+                                            const OtioSequenceRates& rates, OtioReport& report,
+                                            const OtioPlace& place, JsonValue clip) {
   if (kind == TrackKind::kAudio) {
     if (!rates.isUnknownAudioNamed) report.Count(OtioRemark::kSampleRates, place, clip);
     return rates.unknownAudio.GetFrameDuration();
@@ -169,8 +168,13 @@ ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind
   const OtioReference proxy = FindProxyReference(clip, import, place);
   if (proxy.object.HasValue()) draft.proxy = ReadMedia(proxy, import, place);
   if (FillNames(reference.object, draft)) report.Count(OtioRemark::kNamesOfMedia, place, clip);
-  draft.frameDuration =
-      ReadFrameDuration(reference, draft.media.isSynthetic, kind, rates, report, place, clip);
+  if (const auto rate = ReadMediaRate(reference, kind)) {
+    draft.frameDuration = rate->ToFrameRate().GetFrameDuration();
+  } else {
+    draft.isFrameDurationAssumed = true;
+    draft.frameDuration =
+        AssumeFrameDuration(draft.media.isSynthetic, kind, rates, report, place, clip);
+  }
   if (draft.videoInfo.empty() && kind == TrackKind::kVideo) {
     draft.videoInfo = ReadFrameSize(reference.object);
   }

@@ -5,7 +5,11 @@
 
 namespace standalone {
 OtioImport::OtioImport(const TimelineSource& source, const ImportProgress& progress)
-    : folder(source.mediaFolder), stem(source.stem), files(folder), progress(progress) {}
+    : folder(source.mediaFolder),
+      roots(source.mediaRoots),
+      stem(source.stem),
+      files(folder),
+      progress(progress) {}
 
 void OtioImport::AddNote(const OtioPlace& place, JsonValue object, std::string sentence) {
   notes.push_back(ImportNote{place.Describe(), object.GetLine(), std::move(sentence)});
@@ -28,6 +32,12 @@ JsonValue OtioImport::Expect(JsonValue object, JsonKey key, JsonValue::Type type
   if (member.GetType() == type) return member;
   if (member.HasValue()) AddNote(place, member, std::string(sentence));
   return {};
+}
+
+MediaAddress OtioImport::LocateMedia(std::string_view written) {
+  MediaAddress address = ReadMediaAddress(written, folder);
+  roots.Locate(address, files);
+  return address;
 }
 
 OtioSchema OtioImport::Recognise(JsonValue object, const OtioPlace& place) {

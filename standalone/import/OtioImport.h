@@ -41,6 +41,9 @@ class OtioImport {
   /// The schema of an object; the first of a newer version is noted.
   OtioSchema Recognise(JsonValue object, const OtioPlace& place);
 
+  /// The address that the file names, with where to look for its file: the media roots are tried when
+  /// nothing lies where it says.
+  MediaAddress LocateMedia(std::string_view written);
   bool FileExists(const std::filesystem::path& path) { return files.Exists(path); }
 
   /// Progress goes on from `parsedFraction` to 1 as values with indexes up to `nodeCount` are used.
@@ -52,6 +55,7 @@ class OtioImport {
 
  private:
   MediaFolder folder;
+  MediaRoots roots;
   std::string stem;
   FileLookUp files;
   std::vector<ImportNote> notes;

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "standalone/import/TextCase.h"
+#include "standalone/model/FrameSizeText.h"
 
 namespace standalone {
 namespace {
@@ -82,9 +83,9 @@ std::uint32_t ReadFourCC(JsonValue value) {
   return code;
 }
 
-bool LooksLikeStill(const OtioReference& reference, std::string_view address) {
+/// A file of which the timeline plays one frame, or does not say how many.
+bool CanBeStill(const OtioReference& reference) {
   if (reference.kind != OtioKind::kExternalReference) return false;
-  if (!HasStillImageExtension(GetFileName(address))) return false;
   const OtioRange range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]);
   constexpr Decimal kOneFrame{kUnitsPerOne};
   return !range.isPresent || (range.duration.time && range.duration.time->value == kOneFrame);
@@ -116,6 +117,7 @@ void ReadOffline(const OtioReference& reference, const MediaAddress& address, Ot
   const JsonValue index = GetIndexMetadata(reference.object);
   const bool isMissing = reference.kind == OtioKind::kMissingReference;
   const auto flag = index[JsonKey::kOffline].GetBool();
+  media.isOnlineStated = flag && !*flag;
   media.isOffline = flag ? *flag : isMissing || IsFileLost(reference, address, import, place);
   if (!media.isOffline) return;
   media.offlineReason = index[JsonKey::kOfflineReason].GetString();
@@ -187,18 +189,17 @@ OtioReference FindProxyReference(JsonValue clip, OtioImport& import, const OtioP
   return Classify(proxy.reference, import, place);
 }
 
-MediaAddress ReadReferenceAddress(const OtioReference& reference, const OtioImport& import) {
+MediaAddress ReadReferenceAddress(const OtioReference& reference, OtioImport& import) {
   switch (reference.kind) {
     case OtioKind::kGeneratorReference:
       return {};
     case OtioKind::kImageSequenceReference:
-      return ReadMediaAddress(GetFirstPicture(reference.object), import.GetFolder());
+      return import.LocateMedia(GetFirstPicture(reference.object));
     case OtioKind::kMissingReference:
-      return ReadMediaAddress(
-          reference.object[JsonKey::kMetadata][JsonKey::kResolve][JsonKey::kWriterMediaURL].GetString(),
-          import.GetFolder());
+      return import.LocateMedia(
+          reference.object[JsonKey::kMetadata][JsonKey::kResolve][JsonKey::kWriterMediaURL].GetText());
     default:
-      return ReadMediaAddress(reference.object[JsonKey::kTargetURL].GetString(), import.GetFolder());
+      return import.LocateMedia(reference.object[JsonKey::kTargetURL].GetText());
   }
 }
 
@@ -216,7 +217,10 @@ MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import, const O
   media.codec = index[JsonKey::kCodec].GetString();
   media.fourCC = ReadFourCC(index[JsonKey::kFourCC]);
   const auto still = index[JsonKey::kStill].GetBool();
-  media.isStill = still ? *still : LooksLikeStill(reference, media.address);
+  media.isStillAssumed = !still && CanBeStill(reference);
+  const bool looksLikeStill =
+      media.isStillAssumed && HasStillImageExtension(GetFileName(media.address));
+  media.isStill = still.value_or(looksLikeStill);
   return media;
 }
 
@@ -237,7 +241,7 @@ std::string ReadFrameSize(JsonValue reference) {
   std::string aspect(index[JsonKey::kPixelAspect].GetNumber());
   if (!ParseDecimal(aspect)) aspect = "1";
   if (aspect.find('.') == std::string::npos) aspect += ".0";
-  return std::to_string(*width) + " x " + std::to_string(*height) + " (" + aspect + ")";
+  return FormatFrameSize(*width, *height, aspect);
 }
 
 }  // namespace standalone

@@ -28,7 +28,7 @@ OtioReference FindActiveReference(JsonValue clip, OtioImport& import, const Otio
 OtioReference FindProxyReference(JsonValue clip, OtioImport& import, const OtioPlace& place);
 
 /// The address of a reference's file; of an image sequence, the first picture.
-MediaAddress ReadReferenceAddress(const OtioReference& reference, const OtioImport& import);
+MediaAddress ReadReferenceAddress(const OtioReference& reference, OtioImport& import);
 
 /// A missing reference is offline, and so is a file that does not exist; generators never are. The
 /// flags of our metadata win over both, so a timeline can travel without its media and still tell what

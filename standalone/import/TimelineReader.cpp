@@ -67,7 +67,13 @@ ImportError::ImportError(std::size_t line, std::string sentence)
 TimelineReader::~TimelineReader() = default;
 
 ImportResult ReadTimelineFile(const std::filesystem::path& file, const ImportProgress& progress) {
+  return ReadTimelineFile(file, ImportOptions(), progress);
+}
+
+ImportResult ReadTimelineFile(const std::filesystem::path& file, const ImportOptions& options,
+                              const ImportProgress& progress) {
   TimelineText timeline = ReadTimelineText(file, progress);
+  timeline.source.mediaRoots = options.mediaRoots;
   const std::string bundledFile = timeline.bundledFile;
   try {
     return ReadText(std::move(timeline), file, progress);

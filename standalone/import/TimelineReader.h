@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/import/MediaRoots.h"
 #include "standalone/import/TimelineSource.h"
 #include "standalone/model/SequenceDraft.h"
 #include "standalone/runtime/StandaloneAPI.h"
@@ -56,6 +57,11 @@ struct ImportProgress {
   std::function<bool()> isCancelled;
 };
 
+/// What the reader of a timeline file is told beside the file.
+struct ImportOptions {
+  MediaRoots mediaRoots;
+};
+
 /// A reader of one kind of timeline file. Readers hold no state: [any-thread], several reads at once.
 class STANDALONE_API TimelineReader {
  public:
@@ -86,6 +92,9 @@ class STANDALONE_API TimelineReader {
 /// a damaged, encrypted or foreign archive, with nothing to show, nested deeper than 256 levels, or
 /// cancelled.
 STANDALONE_API ImportResult ReadTimelineFile(const std::filesystem::path& file,
+                                             const ImportProgress& progress = {});
+STANDALONE_API ImportResult ReadTimelineFile(const std::filesystem::path& file,
+                                             const ImportOptions& options,
                                              const ImportProgress& progress = {});
 
 }  // namespace standalone

@@ -13,13 +13,13 @@ std::filesystem::path GetAbsolutePath(const std::filesystem::path& file) {
 }  // namespace
 
 TimelineSource DescribeFile(const std::filesystem::path& file) {
-  return {file.stem().string(), {GetAbsolutePath(file).parent_path()}};
+  return {file.stem().string(), {GetAbsolutePath(file).parent_path()}, {}};
 }
 
 TimelineSource DescribeBundle(const std::filesystem::path& bundle) {
   std::filesystem::path path = GetAbsolutePath(bundle);
   if (!path.has_filename()) path = path.parent_path();
-  return {path.stem().string(), {path}};
+  return {path.stem().string(), {path}, {}};
 }
 
 }  // namespace standalone

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "standalone/import/MediaFolder.h"
+#include "standalone/import/MediaRoots.h"
 #include "standalone/runtime/StandaloneAPI.h"
 
 namespace standalone {
@@ -13,6 +14,8 @@ struct TimelineSource {
   /// For what has no name of its own: the file's name without its extension.
   std::string stem;
   MediaFolder mediaFolder;
+  /// Where media is looked for that does not lie where its address says.
+  MediaRoots mediaRoots;
 };
 
 /// A plain file: media lie in its folder.

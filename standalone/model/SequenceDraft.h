@@ -24,6 +24,8 @@ struct MediaDraft {
   std::string lookUpPath;
   bool isSynthetic = false;
   bool isOffline = false;
+  /// The timeline itself says that the media is online; a look at the file does not change that.
+  bool isOnlineStated = false;
   /// Why it is offline, for people.
   std::string offlineReason;
   bool isPendingConnection = false;
@@ -33,6 +35,8 @@ struct MediaDraft {
   /// First character in the highest byte; 0: not known.
   std::uint32_t fourCC = 0;
   bool isStill = false;
+  /// `isStill` is a guess from the file's name, which the file itself may correct.
+  bool isStillAssumed = false;
 };
 
 /// An effect or built-in setting of a clip.
@@ -60,6 +64,8 @@ struct MulticamDraft {
 struct ClipDraft {
   std::string name;
   qelmediatypes::TickTime frameDuration = qelmediatypes::kUnknownFrameDuration;
+  /// The timeline does not tell `frameDuration`; the media file may.
+  bool isFrameDurationAssumed = false;
   ZSL::Color labelColor;
   std::string labelName;
   MediaDraft media;

@@ -1,10 +1,9 @@
 #include "host/qelui/Controls.h"
 
 #include <utility>
-#include <vector>
 
-#include "standalone/runtime/Guard.h"
 #include "standalone/runtime/Runtime.h"
+#include "standalone/toolkit/CallbackList.h"
 
 namespace qelui::ui {
 
@@ -17,7 +16,7 @@ namespace qelui::controls {
 
 class UI_ControlView::State {
  public:
-  std::vector<ui::SharedMessageFunction> callbacks;
+  standalone::CallbackList callbacks;
 };
 
 UI_ControlView::UI_ControlView() : state(std::make_unique<State>()) {}
@@ -25,15 +24,28 @@ UI_ControlView::~UI_ControlView() = default;
 
 void UI_ControlView::NotifyWhenChanged(ui::SharedMessageFunction callback) {
   standalone::AssertMainThread("UI_ControlView::NotifyWhenChanged");
-  state->callbacks.push_back(std::move(callback));
+  state->callbacks.Add(std::move(callback));
 }
 
 void UI_ControlView::BroadcastChanged(const ui::Message& message) {
-  // A callback may let go of the control, so nothing of it is used once the first one runs.
-  const std::vector<ui::SharedMessageFunction> callbacks = state->callbacks;
-  for (const auto& callback : callbacks) {
-    standalone::CallGuarded("a control's callback", [&] { (*callback)(message); });
-  }
+  state->callbacks.Run(message);
+}
+
+class UI_InteractiveControlView::State {
+ public:
+  standalone::CallbackList callbacks;
+};
+
+UI_InteractiveControlView::UI_InteractiveControlView() : state(std::make_unique<State>()) {}
+UI_InteractiveControlView::~UI_InteractiveControlView() = default;
+
+void UI_InteractiveControlView::NotifyWhenChangedInteractively(ui::SharedMessageFunction callback) {
+  standalone::AssertMainThread("UI_InteractiveControlView::NotifyWhenChangedInteractively");
+  state->callbacks.Add(std::move(callback));
+}
+
+void UI_InteractiveControlView::BroadcastChangedInteractively(const ui::Message& message) {
+  state->callbacks.Run(message);
 }
 
 UI_ButtonChangedMessage::UI_ButtonChangedMessage(std::uint32_t modifierKeys)

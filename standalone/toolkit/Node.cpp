@@ -39,6 +39,22 @@ Rect UI_Node::UI_GetBounds() const {
   return bounds;
 }
 
+void UI_Node::UI_SetToolTip(const qelcore::UTF8String& text, std::uint32_t maximumWidth) {
+  standalone::AssertMainThread("UI_Node::UI_SetToolTip");
+  toolTip = text;
+  toolTipWidth = maximumWidth;
+}
+
+const qelcore::UTF8String& UI_Node::UI_GetToolTip() const {
+  standalone::AssertMainThread("UI_Node::UI_GetToolTip");
+  return toolTip;
+}
+
+std::uint32_t UI_Node::UI_GetToolTipWidth() const {
+  standalone::AssertMainThread("UI_Node::UI_GetToolTipWidth");
+  return toolTipWidth;
+}
+
 void UI_Node::DeleteSelf() noexcept {
   if (!standalone::Runtime::Exists() || qelcore::threads::CurrentThreadIsMainThread()) {
     CountedObject::DeleteSelf();

@@ -36,6 +36,18 @@ qelcore::UTF8String GetFontName(std::uint32_t number) {
 
 }  // namespace ui
 
+namespace skins {
+
+namespace {
+constexpr unsigned kGeneration = 7;
+}  // namespace
+
+bool IsRunningV7OrBeyond() {
+  return kGeneration >= 7;
+}
+
+}  // namespace skins
+
 namespace skins::utilities {
 
 ColorRGBA GetDefaultTextColor(const ui::ThemeProvider& theme) {

@@ -3,7 +3,11 @@ if(NOT SEQUENCE_INDEX_SANITIZE)
   add_test(NAME Checks.TheModuleExportsItsEntryAloneAndNeedsNothingUnknown
            COMMAND sh ${CMAKE_CURRENT_LIST_DIR}/module_symbols.sh
                    $<TARGET_FILE:SequenceIndex> $<TARGET_FILE:sequence_index_host>)
-  set(checks Checks.TheModuleExportsItsEntryAloneAndNeedsNothingUnknown)
+  add_test(NAME Checks.OnlyTheMediaLibraryNeedsLibAV
+           COMMAND sh ${CMAKE_CURRENT_LIST_DIR}/media_library.sh $<TARGET_FILE:sequence_index_media>
+                   $<TARGET_FILE:sequence-index> $<TARGET_FILE:sequence_index_host>)
+  set(checks Checks.TheModuleExportsItsEntryAloneAndNeedsNothingUnknown
+             Checks.OnlyTheMediaLibraryNeedsLibAV)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_test(NAME Checks.TheHostDefinesEveryOperationThatItDeclares
              COMMAND sh ${CMAKE_CURRENT_LIST_DIR}/declared_operations.sh

@@ -110,6 +110,38 @@ TEST(Media, APictureFileOfOneFrameOrWithoutARangeIsAStill) {
       MediaOf(otio::Item("ImageSequenceReference.1", "", R"(, "name_suffix": ".png")")).isStill);
 }
 
+TEST(Media, WhatIsOnlyAssumedIsMarkedSo) {
+  const auto range = [](const std::string& frames) {
+    return R"(, "available_range": )" + otio::Range("0", frames);
+  };
+  EXPECT_TRUE(MediaOf(otio::File("a.png")).isStillAssumed);
+  EXPECT_TRUE(MediaOf(otio::File("a.mov")).isStillAssumed);
+  EXPECT_TRUE(MediaOf(otio::File("a.jpg", range("1"))).isStillAssumed);
+  EXPECT_FALSE(MediaOf(otio::File("a.jpg", range("5"))).isStillAssumed);
+  EXPECT_FALSE(MediaOf(otio::File("a.png", otio::Index(R"("still": true)"))).isStillAssumed);
+  EXPECT_FALSE(MediaOf(otio::Item("ImageSequenceReference.1", "")).isStillAssumed);
+  EXPECT_TRUE(MediaOf(otio::File("a", otio::Index(R"("offline": false)"))).isOnlineStated);
+  EXPECT_FALSE(MediaOf(otio::File("a", otio::Index(R"("offline": true)"))).isOnlineStated);
+  EXPECT_FALSE(MediaOf(otio::File("a")).isOnlineStated);
+}
+
+TEST(Media, RatesThatTheTimelineDoesNotTellAreMarkedAssumed) {
+  const auto isAssumed = [](const std::string& kind, const std::string& reference) {
+    const std::string clip = otio::Clip("A", "10", otio::Media(reference));
+    const auto result =
+        OtioReader().Read(otio::Timeline({otio::Track({clip}, kind)}), "/cut/scene.otio", {}, {});
+    return result.document.sequences.at(0).tracks.at(0).items.at(0).clip->isFrameDurationAssumed;
+  };
+  const std::string pictures = R"(, "available_range": )" + otio::Range("0", "50", "25");
+  const std::string samples = R"(, "available_range": )" + otio::Range("0", "96000", "48000");
+  EXPECT_TRUE(isAssumed("Video", otio::File("a.mov")));
+  EXPECT_TRUE(isAssumed("Audio", otio::File("a.mov")));
+  EXPECT_TRUE(isAssumed("Video", otio::File("a.mov", samples)));
+  EXPECT_TRUE(isAssumed("Audio", otio::File("a.mov", pictures)));
+  EXPECT_FALSE(isAssumed("Video", otio::File("a.mov", pictures)));
+  EXPECT_FALSE(isAssumed("Audio", otio::File("a.mov", samples)));
+}
+
 TEST(Media, TheActiveKeyChoosesAndAWrongOneIsNotedAsMissing) {
   const ImportResult result = fixtures::Read("active_key.otio");
   const SequenceDraft& sequence = result.document.sequences.at(0);

@@ -16,6 +16,9 @@ inline bool menusToggleTheChosenItem = false;
 /// While true, the base of all views says of every mouse event that it handled it; the host's own
 /// handles none.
 inline bool viewsHandleEveryMouseEvent = false;
+/// While true, the toolkit draws its controls in the look before the seventh; the host's own never
+/// does.
+inline bool isRunningAnOldSkin = false;
 
 /// While set, this is the active project, or none; the host's own has every interface and is always
 /// there.

@@ -16,6 +16,7 @@
 #include "host/qelcore/Future.h"
 #include "host/qelcore/Messaging.h"
 #include "host/qelui/Node.h"
+#include "host/qelui/Theme.h"
 #include "support/HostCalls.h"
 #include "support/HostFaults.h"
 
@@ -168,6 +169,16 @@ void UI_Node::UI_SetEnabled(bool isEnabled) {
 }
 
 }  // namespace qelui::ui
+
+namespace qelui::skins {
+
+bool IsRunningV7OrBeyond() {
+  if (hostcalls::isRunningAnOldSkin) return false;
+  static const auto real = Real<bool (*)()>("_ZN5qelui5skins19IsRunningV7OrBeyondEv");
+  return real();
+}
+
+}  // namespace qelui::skins
 
 namespace qelcore::messaging {
 

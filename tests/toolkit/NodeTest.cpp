@@ -45,6 +45,16 @@ void DropOnAnotherThread(Ref<WatchedNode> node) {
   std::thread([&node] { node.Reset(); }).join();
 }
 
+TEST(NodeToolTip, IsKeptWithItsWidth) {
+  const standalone::Runtime runtime;
+  std::atomic<std::thread::id> destroyedOn;
+  const Ref node(new WatchedNode(destroyedOn));
+  EXPECT_TRUE(node->UI_GetToolTip().Empty());
+  node->UI_SetToolTip(qelcore::UTF8String("two\nlines"), 200);
+  EXPECT_EQ(node->UI_GetToolTip().View(), "two\nlines");
+  EXPECT_EQ(node->UI_GetToolTipWidth(), 200U);
+}
+
 TEST(NodeDeletion, AControlDroppedOnTheMainThreadGoesAtOnce) {
   standalone::Runtime runtime;
   std::atomic<std::thread::id> destroyedOn;

@@ -27,23 +27,25 @@ TEST_F(Contents, AreMarkedAsToolkitViewsAndDoubleBufferedFirst) {
   CreateContents();
   EXPECT_EQ(recording.GetCalls({"SetHasQELChildViews", "EnableDoubleBuffering", "AddChildView"}),
             (Calls{"SetHasQELChildViews(true)", "EnableDoubleBuffering(true)", "AddChildView()",
-                   "AddChildView()"}));
+                   "AddChildView()", "AddChildView()"}));
 }
 
 TEST_F(Contents, StandAtTheirPlacesInTheViewsRectangle) {
   CreateContents({100, 50, 800, 600});
+  EXPECT_EQ(view->GetSearchField()->UI_GetBounds(), (qelui::Rect{112, 62, 240, 24}));
   EXPECT_EQ(view->GetFilterButton()->UI_GetBounds(), (qelui::Rect{360, 62, 24, 24}));
   EXPECT_EQ(view->GetTree()->UI_GetBounds(), (qelui::Rect{112, 92, 776, 546}));
 }
 
-TEST_F(Contents, TheFilterButtonIsEnabledAndBothControlsAreTheViews) {
+TEST_F(Contents, TheFilterButtonIsEnabledAndAllControlsAreTheViews) {
   const hostcalls::Recording recording;
   CreateContents();
   EXPECT_EQ(recording.GetCalls({"UI_SetEnabled"}), Calls{"UI_SetEnabled(true)"});
   EXPECT_TRUE(view->GetFilterButton()->UI_IsEnabled());
-  ASSERT_EQ(view->GetChildViews().size(), 2U);
-  EXPECT_EQ(view->GetChildViews()[0].Get(), view->GetFilterButton().Get());
-  EXPECT_EQ(view->GetChildViews()[1].Get(), view->GetTree().Get());
+  ASSERT_EQ(view->GetChildViews().size(), 3U);
+  EXPECT_EQ(view->GetChildViews()[0].Get(), view->GetSearchField().Get());
+  EXPECT_EQ(view->GetChildViews()[1].Get(), view->GetFilterButton().Get());
+  EXPECT_EQ(view->GetChildViews()[2].Get(), view->GetTree().Get());
 }
 
 TEST_F(Contents, ANewTablesRowsAreEighteenPixelsHigh) {
@@ -91,13 +93,18 @@ TEST_F(Contents, WhileAWorkspaceIsBeingLoadedTheTableWaitsForAnActivation) {
 }
 
 TEST_F(Contents, WithoutATableAClickOnTheFilterButtonDoesNothing) {
-  const hostcalls::Hook fault("AddChildView", [] { throw std::bad_alloc(); });
+  int added = 0;
+  const hostcalls::Hook fault("AddChildView", [&] {
+    if (++added == 2) throw std::bad_alloc();
+  });
   EXPECT_THROW(CreateContents(), std::bad_alloc);
   ASSERT_TRUE(view->GetFilterButton());
   ASSERT_FALSE(view->GetTree());
   view->GetFilterButton()->Click(0);
   view->GetFilterButton()->Click(qelui::ui::kModifierControl);
   EXPECT_EQ(answers.optionsCount, 0);
+  view->GetSearchField()->Type(qelcore::UTF8String("text"));
+  EXPECT_TRUE(view->GetSearchText().Empty());
 }
 
 TEST_F(Contents, AControlClickResetsTheOptionsWithoutADialog) {
