@@ -98,11 +98,11 @@ TEST(MediaRoots, WhatIsNoPairIsNone) {
 }
 
 MediaDraft ReadWithRoots(const std::string& reference, const std::vector<std::string>& pairs) {
-  ImportOptions options;
-  for (const std::string& pair : pairs) options.mediaRoots.Add(ParseMediaRoot(pair, "/").value());
+  TimelineSource source = DescribeFile("/cut/scene.otio");
+  for (const std::string& pair : pairs) source.mediaRoots.Add(ParseMediaRoot(pair, "/").value());
   const std::string text =
       otio::Timeline({otio::Track({otio::Clip("A", "10", otio::Media(reference))})});
-  const ImportResult result = OtioReader().Read(text, "/cut/scene.otio", options, {});
+  const ImportResult result = OtioReader().Read(text, source, {});
   return result.document.sequences.at(0).tracks.at(0).items.at(0).clip.value().media;
 }
 

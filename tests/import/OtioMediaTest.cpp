@@ -128,8 +128,7 @@ TEST(Media, WhatIsOnlyAssumedIsMarkedSo) {
 TEST(Media, RatesThatTheTimelineDoesNotTellAreMarkedAssumed) {
   const auto isAssumed = [](const std::string& kind, const std::string& reference) {
     const std::string clip = otio::Clip("A", "10", otio::Media(reference));
-    const auto result =
-        OtioReader().Read(otio::Timeline({otio::Track({clip}, kind)}), "/cut/scene.otio", {}, {});
+    const auto result = otio::Read(otio::Timeline({otio::Track({clip}, kind)}));
     return result.document.sequences.at(0).tracks.at(0).items.at(0).clip->isFrameDurationAssumed;
   };
   const std::string pictures = R"(, "available_range": )" + otio::Range("0", "50", "25");
