@@ -22,6 +22,11 @@ namespace {
                     std::strerror(error)};
 }
 
+void RequireFile(const struct stat& status) {
+  if (S_ISDIR(status.st_mode)) throw ReadFailure{MediaOutcome::kInaccessible, "it is a folder"};
+  if (!S_ISREG(status.st_mode)) throw ReadFailure{MediaOutcome::kInaccessible, "it is not a file"};
+}
+
 }  // namespace
 
 InputFile::Descriptor::~Descriptor() {
@@ -42,21 +47,19 @@ InputFile::~InputFile() {
 
 void InputFile::Open(const std::string& path) {
   if (path.find('\0') != std::string::npos) ThrowRefused(ENOENT);
-  // A pipe without a writer would block; what was opened is looked at, so nothing can be put in its
-  // place meanwhile.
+  struct stat status {};
+  // Opening alone disturbs whoever writes to a pipe, and makes some devices act.
+  if (stat(path.c_str(), &status) != 0) ThrowRefused(errno);
+  RequireFile(status);
+  // A pipe that was put in its place meanwhile does not block.
   descriptor.value = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-  // A socket can't be opened at all.
-  if (descriptor.value < 0 && errno == ENXIO) {
-    throw ReadFailure{MediaOutcome::kInaccessible, "it is not a file"};
-  }
   if (descriptor.value < 0) ThrowRefused(errno);
 }
 
 void InputFile::RequireContent() {
   struct stat status {};
   if (fstat(descriptor.value, &status) != 0) ThrowRefused(errno);
-  if (S_ISDIR(status.st_mode)) throw ReadFailure{MediaOutcome::kInaccessible, "it is a folder"};
-  if (!S_ISREG(status.st_mode)) throw ReadFailure{MediaOutcome::kInaccessible, "it is not a file"};
+  RequireFile(status);
   size = status.st_size;
   end = size;
   if (size == 0) throw ReadFailure{MediaOutcome::kDamaged, "it is empty"};

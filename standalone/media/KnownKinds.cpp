@@ -9,10 +9,10 @@
 namespace standalone {
 namespace {
 
-constexpr std::array<std::string_view, 31> kKinds = {
-    "aac",  "ac3",    "aiff",      "apng", "asf",  "au",   "avi", "caf",  "dnxhd",    "dts", "dv",
-    "flac", "flv",    "gif",       "gxf",  "h264", "hevc", "ivf", "m4v",  "matroska", "mov", "mp3",
-    "mpeg", "mpegts", "mpegvideo", "mxf",  "ogg",  "w64",  "wav", "eac3", "webm",
+constexpr std::array<std::string_view, 30> kKinds = {
+    "aac", "ac3",  "aiff", "apng",   "asf",       "au",   "avi",  "caf", "dnxhd", "dts",
+    "dv",  "flac", "flv",  "gif",    "gxf",       "h264", "hevc", "ivf", "m4v",   "matroska",
+    "mov", "mp3",  "mpeg", "mpegts", "mpegvideo", "mxf",  "ogg",  "w64", "wav",   "eac3",
 };
 
 constexpr std::array<std::string_view, 10> kPictureKinds = {

@@ -1,5 +1,6 @@
 #include <exception>
 
+#include "standalone/media/IndexLimit.h"
 #include "standalone/media/LibAV.h"
 #include "standalone/media/ReadFailure.h"
 #include "standalone/media/ReadMedia.h"
@@ -10,13 +11,10 @@ namespace {
 /// Larger tables than the longest recordings have; a damaged length must not ask for all memory.
 constexpr std::size_t kLargestBlock = std::size_t{256} << 20;
 
-/// libav's own words are for programmers and go to standard error, which belongs to the program.
-void IgnoreMessage(void*, int, const char*, va_list) {}
-
 /// This library is libav's only user in the process.
 void SetUpLibAV() {
   av_log_set_level(AV_LOG_QUIET);
-  av_log_set_callback(&IgnoreMessage);
+  av_log_set_callback(&LimitIndex);
   av_max_alloc(kLargestBlock);
 }
 

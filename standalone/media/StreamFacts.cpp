@@ -1,5 +1,6 @@
 #include "standalone/media/StreamFacts.h"
 
+#include <algorithm>
 #include <limits>
 #include <numeric>
 
@@ -54,8 +55,8 @@ MediaRatio ReadPictureRate(const AVStream& stream) {
 void ReadPicture(const AVStream& stream, MediaFacts& facts) {
   const AVCodecParameters& parameters = *stream.codecpar;
   facts.hasPicture = true;
-  facts.width = parameters.width;
-  facts.height = parameters.height;
+  facts.width = std::max(parameters.width, 0);
+  facts.height = std::max(parameters.height, 0);
   MediaRatio aspect = ToRatio(stream.sample_aspect_ratio);
   if (!aspect.IsKnown()) aspect = ToRatio(parameters.sample_aspect_ratio);
   if (aspect.IsKnown()) facts.pixelAspect = aspect;
@@ -83,7 +84,7 @@ MediaFacts CollectFacts(const Demuxer& demuxer) {
   if (!facts.isStill) facts.duration = ReadDuration(context, *main);
   if (picture != nullptr) ReadPicture(*picture, facts);
   facts.hasSound = sound != nullptr;
-  if (sound != nullptr) facts.sampleRate = sound->codecpar->sample_rate;
+  if (sound != nullptr) facts.sampleRate = std::max(sound->codecpar->sample_rate, 0);
   return facts;
 }
 

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "standalone/probing/MediaFiles.h"
-#include "standalone/probing/ParallelLoop.h"
 #include "standalone/runtime/Runtime.h"
 #include "standalone/runtime/ThreadPool.h"
 
@@ -64,11 +63,12 @@ void MediaProbe::ReadFile(const MediaReader& reader, Entry& entry) {
 }
 
 void MediaProbe::LookForGrowth() {
-  for (Entry& entry : entries) LookForGrowth(entry);
+  // To the end, also after a cancel: what was read is remembered.
+  RunLoop({entries.size(), [this](std::size_t i) { LookForGrowth(entries[i]); }, {}});
 }
 
 void MediaProbe::LookForGrowth(Entry& entry) {
-  if (!entry.look) return;
+  if (!entry.look || (isCancelled && !entry.isRead)) return;
   const auto look = LookAtFile(entry.path);
   entry.file.isGrowing = look && look->size != entry.look->size;
   if (entry.isRead && look == entry.look) cache.Store(entry.path, *look, entry.file.reading);
@@ -90,15 +90,19 @@ void MediaProbe::Fill(DocumentDraft& document) const {
 
 void MediaProbe::ForEach(std::size_t count, const std::function<void(std::size_t)>& body,
                          const std::function<void(std::size_t)>& report) {
-  const unsigned helpers = CountHelpers(count);
-  std::shared_ptr<qelcore::threads::AsyncExecutor> executor = setup.executor;
-  if (!executor && Runtime::Exists()) executor = Runtime::Current().GetCPUExecutor();
-  if (!executor && helpers > 0) executor = std::make_shared<ThreadPool>(helpers);
   const auto goesOn = [&](std::size_t done) {
     if (report) report(done);
     return !AskWhetherCancelled();
   };
-  ParallelLoop::Run({count, body, goesOn}, executor.get(), helpers);
+  RunLoop({count, body, goesOn});
+}
+
+void MediaProbe::RunLoop(ParallelLoop::Setup loop) {
+  const unsigned helpers = CountHelpers(loop.count);
+  std::shared_ptr<qelcore::threads::AsyncExecutor> executor = setup.executor;
+  if (!executor && Runtime::Exists()) executor = Runtime::Current().GetCPUExecutor();
+  if (!executor && helpers > 0) executor = std::make_shared<ThreadPool>(helpers);
+  ParallelLoop::Run(std::move(loop), executor.get(), helpers);
 }
 
 bool MediaProbe::AskWhetherCancelled() {

@@ -9,6 +9,7 @@
 
 #include "standalone/probing/FillClip.h"
 #include "standalone/probing/MediaProber.h"
+#include "standalone/probing/ParallelLoop.h"
 
 namespace standalone {
 
@@ -44,9 +45,9 @@ class MediaProbe {
   /// Calls `body` for each of `count` numbers, in parallel; ends early when the probe is cancelled.
   void ForEach(std::size_t count, const std::function<void(std::size_t)>& body,
                const std::function<void(std::size_t)>& report);
+  void RunLoop(ParallelLoop::Setup loop);
   bool AskWhetherCancelled();
   static bool AnswerReader(void* probe);
-  const MediaFile* FindFile(const MediaDraft& media) const;
 
   const MediaProber::Setup& setup;
   MediaCache& cache;

@@ -1,15 +1,26 @@
 #include "standalone/probing/ParallelLoop.h"
 
 #include <chrono>
+#include <new>
 #include <utility>
 
 namespace standalone {
 
 void ParallelLoop::Run(Setup setup, qelcore::threads::AsyncExecutor* executor, unsigned helpers) {
   const auto loop = std::make_shared<ParallelLoop>(std::move(setup));
-  for (unsigned i = 0; i < helpers; ++i) executor->Submit([loop] { loop->Help(); });
+  loop->CallHelpers(executor, helpers);
   loop->RunAsCaller();
   if (loop->failure) std::rethrow_exception(loop->failure);
+}
+
+void ParallelLoop::CallHelpers(qelcore::threads::AsyncExecutor* executor, unsigned helpers) {
+  try {
+    for (unsigned i = 0; i < helpers; ++i) {
+      executor->Submit([loop = shared_from_this()] { loop->Help(); });
+    }
+  } catch (const std::bad_alloc&) {
+    // Those that were called are at work already; the loop ends without the others.
+  }
 }
 
 void ParallelLoop::Help() {

@@ -27,7 +27,7 @@ class STANDALONE_API ParallelLoop : public std::enable_shared_from_this<Parallel
   };
 
   /// Returns when all calls of the body have ended. The first failure of the body ends the loop and
-  /// leaves from here.
+  /// leaves from here. With too little memory for all helpers the loop makes do with fewer.
   /// `executor` may be null when there are no helpers.
   static void Run(Setup setup, qelcore::threads::AsyncExecutor* executor, unsigned helpers);
 
@@ -36,6 +36,7 @@ class STANDALONE_API ParallelLoop : public std::enable_shared_from_this<Parallel
   ParallelLoop& operator=(const ParallelLoop&) = delete;
 
  private:
+  void CallHelpers(qelcore::threads::AsyncExecutor* executor, unsigned helpers);
   void Help();
   void RunAsCaller();
   /// False when nothing is left to do.

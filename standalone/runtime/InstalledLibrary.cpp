@@ -18,15 +18,17 @@ fs::path GetFolderOfProgram() {
 fs::path GetFolderOfHostLibrary() {
   Dl_info library;
   if (dladdr(reinterpret_cast<const void*>(&FindInstalledLibrary), &library) == 0) return {};
-  return fs::absolute(library.dli_fname).parent_path();
+  std::error_code failure;
+  return fs::absolute(library.dli_fname, failure).parent_path();
 }
 
 }  // namespace
 
 fs::path FindInstalledLibrary(const char* fileName) {
-  fs::path besideProgram = GetFolderOfProgram() / fileName;
+  // Never in the current folder, where anybody may have put a library.
+  const fs::path folder = GetFolderOfProgram();
   std::error_code ignored;
-  if (fs::exists(besideProgram, ignored)) return besideProgram;
+  if (!folder.empty() && fs::exists(folder / fileName, ignored)) return folder / fileName;
   return GetFolderOfHostLibrary() / fileName;
 }
 

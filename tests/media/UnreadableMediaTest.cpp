@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -56,6 +57,31 @@ TEST(UnreadableMedia, APipeDoesNotBlock) {
   const process::Folder folder;
   ASSERT_EQ(mkfifo((folder / "a.mov").c_str(), 0600), 0);
   ExpectUnreadable(fixtures::Read(folder / "a.mov"), MediaOutcome::kInaccessible, "it is not a file");
+}
+
+TEST(UnreadableMedia, APipeIsNotEvenOpened) {
+  const process::Folder folder;
+  const std::string pipe = folder / "a.mov";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  ASSERT_GE(inotify_add_watch(watch, pipe.c_str(), IN_OPEN), 0);
+  fixtures::Read(pipe);
+  std::array<char, 256> events;
+  EXPECT_EQ(read(watch, events.data(), events.size()), -1) << "whoever writes to it would notice";
+  close(watch);
+}
+
+TEST(UnreadableMedia, ALinkThatLeadsToItselfTellsSo) {
+  const process::Folder folder;
+  std::filesystem::create_symlink("a.mov", folder / "a.mov");
+  ExpectUnreadable(fixtures::Read(folder / "a.mov"), MediaOutcome::kInaccessible,
+                   "Too many levels of symbolic links");
+}
+
+TEST(UnreadableMedia, ALinkAndANameOfSeveralLinesAreFollowed) {
+  const process::Folder folder;
+  std::filesystem::create_symlink(fixtures::File("still.png"), folder / "a\nb.png");
+  EXPECT_EQ(fixtures::Read(folder / "a\nb.png").outcome, MediaOutcome::kRead);
 }
 
 TEST(UnreadableMedia, ASocketIsNoFile) {
