@@ -20,7 +20,8 @@ class HOST_API Message {
   Message();
 };
 
-/// A callback on a control. The control shares it and drops it when the control is destroyed.
+/// A callback on a control. The control shares it and drops it when the control is destroyed. When it
+/// throws, the failure goes to the host's log, and the callbacks after it still run.
 using MessageFunction = std::function<void(const Message&)>;
 using SharedMessageFunction = std::shared_ptr<const MessageFunction>;
 

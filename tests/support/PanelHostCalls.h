@@ -15,6 +15,7 @@
 #include "host/qelcore/Files.h"
 #include "host/qelcore/Future.h"
 #include "host/qelcore/Messaging.h"
+#include "host/qelui/Controls.h"
 #include "host/qelui/Node.h"
 #include "host/qelui/Theme.h"
 #include "support/HostCalls.h"
@@ -169,6 +170,17 @@ void UI_Node::UI_SetEnabled(bool isEnabled) {
 }
 
 }  // namespace qelui::ui
+
+namespace qelui::controls {
+
+qelcore::UTF8String UI_TextEdit::GetValueUTF8() const {
+  Called("GetValueUTF8");
+  using Function = qelcore::UTF8String (*)(const UI_TextEdit*);
+  static const auto real = Real<Function>("_ZNK5qelui8controls11UI_TextEdit12GetValueUTF8Ev");
+  return real(this);
+}
+
+}  // namespace qelui::controls
 
 namespace qelui::skins {
 

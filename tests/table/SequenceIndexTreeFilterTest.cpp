@@ -236,6 +236,27 @@ TEST_F(TableFilters, GroupsTextAndTheSecondLookAtTheGapFlagAreReadTogether) {
   host.TakeFailures();
 }
 
+TEST_F(TableFilters, ARowThatAFilterDropsIsNotSearched) {
+  const qelcore::Ref picture(new fakes::TrackItem(tree->GetFullList()[0].trackItem));
+  ScheduleWatch watch;
+  watch.visit = [&picture](const BE::SequenceVisitor& visitor) { visitor(*picture); };
+  tree->SetOptions(Selecting({kAudioFilter}));
+  tree->SetSearchText(UTF8String("music"));
+  {
+    int locks = 0;
+    // The third lock of a build is that for filtering; a search would miss the clip.
+    const hostcalls::Hook loss("Lock", [&] {
+      if (++locks == 3) picture->clip = qelcore::Ref<BE::IClip>();
+    });
+    ASSERT_TRUE(RunOneTask());
+    ASSERT_GE(locks, 3);
+  }
+  picture->clip.reset();
+  host.Settle();
+  EXPECT_TRUE(host.TakeFailures().empty());
+  EXPECT_EQ(GetShownNames(), Names{"Music"});
+}
+
 TEST_F(TableFilters, AFilterThatMissesAnInterfaceEndsTheBuild) {
   Apply(Selecting({kTracksFilter, kAudioFilter}));
   const auto shown = GetShownNames();

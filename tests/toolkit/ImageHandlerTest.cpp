@@ -5,6 +5,7 @@
 #include "host/qelcore/Exceptions.h"
 #include "host/qelui/Controls.h"
 #include "standalone/runtime/Runtime.h"
+#include "toolkit/OffMainThread.h"
 
 namespace {
 
@@ -40,6 +41,14 @@ TEST_F(ImageHandlerTest, AButtonSharesIt) {
   const auto handler = ImageHandler::Create({11});
   button->SetImageHandler(handler);
   EXPECT_EQ(button->GetImageHandler(), handler);
+}
+
+TEST_F(ImageHandlerTest, OperationsStopOffTheMainThread) {
+  const auto handler = ImageHandler::Create({11});
+  const qelcore::Ref<qelui::controls::UI_PictureButton> button(new qelui::controls::UI_PictureButton());
+  EXPECT_STOPS_OFF_MAIN_THREAD(ImageHandler::Create({11}), "ImageHandler::Create");
+  EXPECT_STOPS_OFF_MAIN_THREAD(handler->SetImageState(0), "ImageHandler::SetImageState");
+  EXPECT_STOPS_OFF_MAIN_THREAD(button->SetImageHandler(handler), "UI_ImageHandling::SetImageHandler");
 }
 
 }  // namespace

@@ -149,6 +149,8 @@ TEST_F(NodeState, OperationsStopOffTheMainThread) {
   EXPECT_STOPS_OFF_MAIN_THREAD(node->UI_SetEnabled(true), "UI_Node::UI_SetEnabled");
   EXPECT_STOPS_OFF_MAIN_THREAD(node->UI_SetBounds({}), "UI_Node::UI_SetBounds");
   EXPECT_STOPS_OFF_MAIN_THREAD(node->UI_GetBounds(), "UI_Node::UI_GetBounds");
+  EXPECT_STOPS_OFF_MAIN_THREAD(node->UI_SetToolTip({}, 0), "UI_Node::UI_SetToolTip");
+  EXPECT_STOPS_OFF_MAIN_THREAD(node->UI_GetToolTip(), "UI_Node::UI_GetToolTip");
 }
 
 }  // namespace

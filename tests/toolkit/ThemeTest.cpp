@@ -47,6 +47,10 @@ TEST_F(Theme, FontZeroIsThatOfPlainTextAndOthersHaveNoName) {
   EXPECT_TRUE(GetFontName(0xFFFFFFFFU).Empty());
 }
 
+TEST_F(Theme, ControlsHaveTheLookOfTheSeventhGeneration) {
+  EXPECT_TRUE(qelui::skins::IsRunningV7OrBeyond());
+}
+
 TEST_F(Theme, IsAskedForOnTheMainThread) {
   EXPECT_STOPS_OFF_MAIN_THREAD(GetDefaultThemeProvider(), "GetDefaultThemeProvider");
   EXPECT_STOPS_OFF_MAIN_THREAD(GetFontName(0), "GetFontName");

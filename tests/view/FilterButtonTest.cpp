@@ -134,6 +134,35 @@ TEST_F(FilterButton, OptionsThatLackAFilterRaiseAfterThePictureAndBeforeTheTable
   EXPECT_FALSE(host.TakeFailures().empty());
 }
 
+TEST_F(FilterButton, AFilterThatDoesNotExistLeavesTheTableAsItWasAndTheOptionsAsChosen) {
+  host->GetProject().ActivateSequence(AddSequence(drafts::MakeOneClip("clip")));
+  CreateContents();
+  host.Settle();
+  Options options = Select({1});
+  options.filterToggles[13] = true;
+  const hostcalls::Recording recording;
+  Choose(options);
+  EXPECT_EQ(view->GetOptions(), options);
+  EXPECT_EQ(GetDecal(), UIF::kUIFFilterNotificationOnDecal);
+  EXPECT_EQ(GetShownToolTip(), std::string(kActive) + "Audio\n");
+  EXPECT_EQ(recording.Count("Schedule"), 0U);
+  EXPECT_EQ(host.TakeFailures().size(), 1U);
+  view->GetTree()->RefreshDataListsAndTreeViewAsync();
+  host.Settle();
+  EXPECT_EQ(view->GetTree()->CountRows(), 1U);
+}
+
+TEST_F(FilterButton, HasItsLookAndToolTipBeforeTheTableGetsTheOptions) {
+  Calls looks;
+  const hostcalls::Hook hook(
+      "Schedule", [&] { looks.push_back(std::to_string(GetDecal()) + " " + GetShownToolTip()); });
+  CreateContents();
+  Choose(Select({1}));
+  EXPECT_EQ(looks,
+            (Calls{std::to_string(UIF::kUIFFilterNotificationOffDecal) + " " + kClear,
+                   std::to_string(UIF::kUIFFilterNotificationOnDecal) + " " + kActive + "Audio\n"}));
+}
+
 TEST_F(FilterButton, ItsToolTipIsTwoHundredWideInTheNewLookAndFourHundredBefore) {
   CreateContents();
   EXPECT_EQ(view->GetFilterButton()->UI_GetToolTipWidth(), 200U);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "view/ViewFixture.h"
@@ -34,6 +35,18 @@ TEST_F(SearchField, ACommittedTextThatWasTypedSearchesNoMore) {
   const hostcalls::Recording recording;
   view->GetSearchField()->Commit();
   EXPECT_EQ(recording.Count("Schedule"), 0U);
+}
+
+TEST_F(SearchField, ACommittedTextThatItsKeystrokesCouldNotHandOverSearches) {
+  {
+    const hostcalls::Hook fault("GetValueUTF8", [] { throw std::runtime_error("no text yet"); });
+    EXPECT_EQ(CountSearches("wide"), 0U);
+  }
+  EXPECT_EQ(host.TakeFailures().size(), 1U);
+  const hostcalls::Recording recording;
+  view->GetSearchField()->Commit();
+  EXPECT_EQ(recording.Count("Schedule"), 1U);
+  EXPECT_EQ(GetSearchText(), "wide");
 }
 
 TEST_F(SearchField, TheTextIsKeptInLowerCase) {
