@@ -44,7 +44,7 @@ std::string ReadToEnd(std::size_t expectedSize, std::string_view subject,
   }
 }
 
-std::string ReadWholeFile(const std::filesystem::path& file, std::string_view subject) {
+std::string ReadAnyFile(const std::filesystem::path& file, std::string_view subject) {
   RequireFile(file);
   const Stream stream = Open(file);
   if (!stream) ThrowUnreadable(subject, errno);
@@ -55,6 +55,11 @@ std::string ReadWholeFile(const std::filesystem::path& file, std::string_view su
       error || size > kLargestText ? 0 : size, subject,
       [&](char* place, std::size_t room) { return std::fread(place, 1, room, stream.get()); });
   if (std::ferror(stream.get()) != 0) ThrowUnreadable(subject, errno);
+  return content;
+}
+
+std::string ReadWholeFile(const std::filesystem::path& file, std::string_view subject) {
+  std::string content = ReadAnyFile(file, subject);
   if (content.empty()) ThrowEmpty(subject);
   return content;
 }

@@ -19,6 +19,9 @@ inline constexpr std::uint64_t kLargestText = std::numeric_limits<std::uint32_t>
 /// is what the sentence calls the file.
 std::string ReadWholeFile(const std::filesystem::path& file, std::string_view subject = "The file");
 
+/// The same where an empty file is an empty text.
+std::string ReadAnyFile(const std::filesystem::path& file, std::string_view subject);
+
 /// What `readBlock` gives until it gives nothing: it writes to a place with room for so many bytes and
 /// returns how many it wrote. `expectedSize` only saves copies. Throws ImportError beyond 4 GB.
 std::string ReadToEnd(std::size_t expectedSize, std::string_view subject,

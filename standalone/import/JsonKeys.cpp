@@ -44,6 +44,7 @@ constexpr KeyUse kKeyUses[] = {
     {"name_suffix", JsonKey::kNameSuffix, kObject},
     {"start_frame", JsonKey::kStartFrame, kObject},
     {"frame_zero_padding", JsonKey::kFrameZeroPadding, kObject},
+    {"generator_kind", JsonKey::kGeneratorKind, kObject},
     {"parameters", JsonKey::kParameters, kObject},
     {"effect_name", JsonKey::kEffectName, kObject},
     {"time_scalar", JsonKey::kTimeScalar, kObject},

@@ -36,6 +36,7 @@ enum class JsonKey : std::uint8_t {
   kNameSuffix,
   kStartFrame,
   kFrameZeroPadding,
+  kGeneratorKind,
   kParameters,
   kEffectName,
   kTimeScalar,

@@ -69,12 +69,14 @@ class STANDALONE_API JsonValue {
   std::uint32_t index = 0;
 };
 
-/// Metadata under one name that no reader looks at.
+/// Metadata under one name that no reader looks at, or not at all of it.
 struct UnreadMetadata {
   std::string_view name;
   /// GetIndex() of the first object that has it.
   std::uint32_t firstOwner = 0;
   std::size_t count = 0;
+  /// A known writer's dictionary, of which some members are read.
+  bool isPartlyRead = false;
 };
 
 /// What of a document is kept in another way than it is written.
@@ -107,11 +109,12 @@ class STANDALONE_API JsonTree {
   /// each, so it is for the few values that people are told about.
   std::vector<JsonValue> GetPath(std::uint32_t index) const;
 
-  /// Metadata that was dropped, name by name in the order of the file. Empty values don't count, nor do
-  /// the flat parameters that effects have for metadata.
+  /// Metadata that was dropped, name by name in the order of the file; of a known writer's dictionary,
+  /// how many lost some of their members. Empty values don't count, nor do the flat parameters that
+  /// effects have for metadata.
   const std::vector<UnreadMetadata>& GetUnreadMetadata() const { return unreadMetadata; }
-  /// How much was dropped under names beyond the first 64.
-  std::size_t GetFurtherUnreadMetadata() const { return furtherUnreadMetadata; }
+  /// What was dropped under names beyond the first 20, without a name.
+  const UnreadMetadata& GetFurtherUnreadMetadata() const { return furtherUnreadMetadata; }
   const JsonRepairs& GetRepairs() const { return repairs; }
 
  private:
@@ -133,7 +136,7 @@ class STANDALONE_API JsonTree {
   std::string buffer;
   std::vector<Node> nodes;
   std::vector<UnreadMetadata> unreadMetadata;
-  std::size_t furtherUnreadMetadata = 0;
+  UnreadMetadata furtherUnreadMetadata;
   JsonRepairs repairs;
 };
 

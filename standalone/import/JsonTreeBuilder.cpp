@@ -114,26 +114,40 @@ bool JsonTreeBuilder::IsWanted(bool hasContent) {
 }
 
 void JsonTreeBuilder::BeginUnread(std::string_view name) {
-  if (name != "OTIO_SCHEMA") unreadName = name;
+  const JsonContext context = open.back().context;
+  if (context == JsonContext::kMetadata && name != "OTIO_SCHEMA") unreadName = name;
+  if (context == JsonContext::kWriter && writer.count == 0) unreadName = writer.name;
 }
 
 void JsonTreeBuilder::EndUnread(bool hasContent, bool isObject) {
   const std::string_view name = std::exchange(unreadName, {});
   if (name.empty() || !hasContent) return;
+  if (open.back().context == JsonContext::kWriter) {
+    writer.count = 1;
+    CountUnread(writer);
+    return;
+  }
   // Many effects keep their parameters there, one by one.
   const bool isEffect =
       open.size() >= 3 && tree.nodes[open[open.size() - 3].node].key == JsonKey::kEffects;
   if (isEffect && !isObject) return;
+  CountUnread(UnreadMetadata{name, open[open.size() - 2].node, 1});
+}
+
+void JsonTreeBuilder::CountUnread(const UnreadMetadata& metadata) {
   auto& known = tree.unreadMetadata;
-  const auto found = std::find_if(known.begin(), known.end(),
-                                  [name](const UnreadMetadata& entry) { return entry.name == name; });
-  constexpr std::size_t kMostNames = 64;
+  const auto found = std::find_if(known.begin(), known.end(), [&](const UnreadMetadata& entry) {
+    return entry.name == metadata.name;
+  });
+  // More lines than that nobody reads.
+  constexpr std::size_t kMostNames = 20;
+  UnreadMetadata& further = tree.furtherUnreadMetadata;
   if (found != known.end()) {
     ++found->count;
   } else if (known.size() < kMostNames) {
-    known.push_back(UnreadMetadata{name, open[open.size() - 2].node, 1});
-  } else {
-    ++tree.furtherUnreadMetadata;
+    known.push_back(metadata);
+  } else if (further.count++ == 0) {
+    further.firstOwner = metadata.firstOwner;
   }
 }
 
@@ -175,14 +189,17 @@ bool JsonTreeBuilder::String(const char* text, unsigned length, bool) {
 bool JsonTreeBuilder::Key(const char* text, unsigned length, bool) {
   if (droppedDepth != 0) return true;
   const std::string_view name(text, length);
-  key = FindJsonKey(name, open.back().context);
+  const JsonContext context = open.back().context;
+  key = FindJsonKey(name, context);
   isMemberDropped = key == JsonKey::kNone;
   if (key == JsonKey::kNamed) {
     AddName(text, length);
-  } else if (!isMemberDropped) {
-    NoteRepeat(name);
-  } else if (open.back().context == JsonContext::kMetadata) {
+  } else if (isMemberDropped) {
     BeginUnread(name);
+  } else {
+    NoteRepeat(name);
+    if (context == JsonContext::kMetadata) writer = {name, open[open.size() - 2].node, 0, true};
+    if (context == JsonContext::kParameters) writer = {};
   }
   return true;
 }

@@ -51,6 +51,7 @@ class JsonTreeBuilder {
   /// Metadata that no reader looks at: counted once its value is known to hold something.
   void BeginUnread(std::string_view name);
   void EndUnread(bool hasContent, bool isObject);
+  void CountUnread(const UnreadMetadata& metadata);
   void AddName(const char* text, unsigned length);
   void AddNode(JsonValue::Type type, const char* text, std::size_t length);
   bool Open(JsonValue::Type type);
@@ -67,6 +68,9 @@ class JsonTreeBuilder {
   std::size_t droppedDepth = 0;
   JsonKey key = JsonKey::kNone;
   bool isMemberDropped = false;
+  /// The known writer's dictionary that was opened last, and whether it counts already; without a name:
+  /// a parameter of a generator.
+  UnreadMetadata writer;
   /// Name of the metadata that is being dropped; empty: none that counts.
   std::string_view unreadName;
   bool isCancelled = false;

@@ -158,6 +158,16 @@ qelmediatypes::TickTime AssumeFrameDuration(bool isSynthetic, TrackKind kind,
   return rates.video.GetFrameDuration();
 }
 
+/// What a generated clip is made of, which no column has room for.
+void ReportGenerator(const OtioReference& reference, OtioReport& report, const OtioPlace& place,
+                     JsonValue clip) {
+  if (reference.object[JsonKey::kParameters][JsonKey::kText].HasValue()) {
+    report.Count(OtioRemark::kTitleTexts, place, clip);
+  } else if (!reference.object[JsonKey::kGeneratorKind].GetText().empty()) {
+    report.Count(OtioRemark::kGenerators, place, clip);
+  }
+}
+
 }  // namespace
 
 ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind kind,
@@ -179,9 +189,7 @@ ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind
     draft.videoInfo = ReadFrameSize(reference.object);
   }
   ReadGraphics(clip, reference, draft);
-  if (reference.object[JsonKey::kParameters][JsonKey::kText].HasValue()) {
-    report.Count(OtioRemark::kTitleTexts, place, clip);
-  }
+  ReportGenerator(reference, report, place, clip);
   return draft;
 }
 

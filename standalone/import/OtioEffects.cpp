@@ -66,7 +66,9 @@ ComponentDraft ReadEffect(JsonValue effect, std::string_view schemaName, OtioImp
   if (!component.isIntrinsic && !IsOtioEnabled(effect)) {
     import.GetReport().Count(OtioRemark::kDisabledEffects, place, effect);
   }
-  component.isMissing = index[JsonKey::kMissing].GetBool().value_or(false);
+  const auto missing = index[JsonKey::kMissing].GetBool();
+  component.isMissing = missing.value_or(false);
+  component.isMissingStated = missing.has_value();
   AddFontMembers(metadata, component.fonts);
   RemoveRepeats(component.fonts);
   component.matchName = component.fonts.empty() ? effect[JsonKey::kEffectName].GetString()

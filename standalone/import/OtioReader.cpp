@@ -58,10 +58,23 @@ TopObjects FindTopObjects(JsonValue root, OtioImport& import) {
   return top;
 }
 
-void NoteLoose(const std::vector<JsonValue>& objects, std::string_view word, OtioImport& import) {
+std::string_view GetLooseWord(JsonValue object) {
+  switch (GetOtioSchema(object).kind) {
+    case OtioKind::kStack:
+      return "stack";
+    case OtioKind::kTrack:
+      return "track";
+    case OtioKind::kClip:
+      return "clip";
+    default:
+      return "object";
+  }
+}
+
+void NoteLoose(const std::vector<JsonValue>& objects, OtioImport& import) {
   for (const JsonValue object : objects) {
-    const std::string name = object[JsonKey::kName].GetString();
-    import.AddNote(OtioPlace{{}, {}, word, name}, object,
+    const std::string_view name = object[JsonKey::kName].GetText();
+    import.AddNote(OtioPlace{{}, {}, GetLooseWord(object), name}, object,
                    "It stands beside the timelines and is not shown.");
   }
 }
@@ -69,17 +82,17 @@ void NoteLoose(const std::vector<JsonValue>& objects, std::string_view word, Oti
 /// Timelines if there are any, else what can stand for one.
 std::vector<JsonValue> ChooseSequences(TopObjects top, OtioImport& import) {
   if (!top.timelines.empty()) {
-    NoteLoose(top.compositions, "track", import);
-    NoteLoose(top.clips, "clip", import);
-    NoteLoose(top.others, "object", import);
+    NoteLoose(top.compositions, import);
+    NoteLoose(top.clips, import);
+    NoteLoose(top.others, import);
     return std::move(top.timelines);
   }
   if (!top.compositions.empty()) {
-    NoteLoose(top.clips, "clip", import);
-    NoteLoose(top.others, "object", import);
+    NoteLoose(top.clips, import);
+    NoteLoose(top.others, import);
     return std::move(top.compositions);
   }
-  if (!top.clips.empty()) NoteLoose(top.others, "object", import);
+  if (!top.clips.empty()) NoteLoose(top.others, import);
   return std::move(top.clips);
 }
 

@@ -26,6 +26,7 @@ constexpr std::array<RemarkText, static_cast<std::size_t>(OtioRemark::kCount)> k
     {"a clip's further media, neither in use nor its proxy",
      "@ further media of clips, neither in use nor their proxies"},
     {"the text of a title", "the texts of @ titles"},
+    {"which generator makes a clip", "which generators make @ clips"},
     {"where a clip begins in its media", "where @ clips begin in their media"},
     {"how long a transition is", "how long @ transitions are"},
     {"an item outside its track's range", "@ items outside their tracks' ranges"},
@@ -38,15 +39,16 @@ constexpr std::array<RemarkText, static_cast<std::size_t>(OtioRemark::kCount)> k
      "drop-frame timecode for @ sequences, as is usual at their frame rates"},
     {"a track without a kind holds pictures", "@ tracks without a kind hold pictures"},
     {"an item that stands in no track has one of its own",
-     "@ items that stand in no track have one each of their own"},
-    {"a gap at the end of a track is no item", "@ gaps at the end of tracks are no items"},
+     "@ items that stand in no track each have one of their own"},
+    {"a gap at the end of a track is padding and has no row",
+     "@ gaps at the end of tracks are padding and have no rows"},
     {"a clip without a name takes its media's", "@ clips without names take their media's"},
     {"a clip without a range plays all of its media",
      "@ clips without a range play all of their media"},
     {"a generated clip has the sequence's frame rate",
      "@ generated clips have the sequence's frame rate"},
-    {"a clip of sound whose media tells no rate has 48000 samples a second",
-     "@ clips of sound whose media tell no rate have 48000 samples a second"},
+    {"a clip of sound has 48000 samples a second, unless its media file tells another rate",
+     "@ clips of sound have 48000 samples a second, unless their media files tell another rate"},
     {"a media file is the proxy because of its name in the clip",
      "@ media files are proxies because of their names in the clips"},
     {"an effect is a built-in setting of the program that wrote the file, and is not listed",
@@ -104,21 +106,25 @@ void OtioReport::CountRoundedRate(const OtioPlace& place, JsonValue object, std:
 }
 
 void OtioReport::AddUnreadMetadata(const JsonTree& tree, bool hasSeveralTimelines) {
-  for (const UnreadMetadata& entry : tree.GetUnreadMetadata()) {
+  const auto add = [&](const UnreadMetadata& entry, std::string sentence) {
+    if (entry.count > 1) sentence.append(kPlaceOfMany);
     const JsonValue owner = tree.GetPath(entry.firstOwner).back();
-    std::string sentence(kNotShown);
-    sentence.append("metadata \"").append(entry.name).append("\"");
-    if (entry.count > 1) {
-      sentence.append(" of ").append(std::to_string(entry.count)).append(" objects");
-      sentence.append(kPlaceOfMany);
-    }
     AddLine(First{DescribeObject(tree, entry.firstOwner, hasSeveralTimelines), owner.GetLine(),
                   owner.GetIndex()},
             sentence.append("."));
+  };
+  for (const UnreadMetadata& entry : tree.GetUnreadMetadata()) {
+    std::string sentence(kNotShown);
+    sentence.append(entry.isPartlyRead ? "the rest of metadata \"" : "metadata \"");
+    sentence.append(entry.name).append("\"");
+    if (entry.count > 1) sentence.append(" of ").append(std::to_string(entry.count)).append(" objects");
+    add(entry, std::move(sentence));
   }
-  if (tree.GetFurtherUnreadMetadata() == 0) return;
-  AddLine(First{}, std::string(kNotShown) + std::to_string(tree.GetFurtherUnreadMetadata()) +
-                       " values of metadata under further names.");
+  const UnreadMetadata& further = tree.GetFurtherUnreadMetadata();
+  if (further.count == 0) return;
+  const char* words = further.count == 1 ? " value of metadata under another name"
+                                         : " values of metadata under further names";
+  add(further, std::string(kNotShown) + std::to_string(further.count) + words);
 }
 
 void OtioReport::AddLine(const First& first, std::string sentence) {

@@ -27,6 +27,7 @@ enum class OtioRemark : std::uint8_t {
   kSpeeds,
   kFurtherMedia,
   kTitleTexts,
+  kGenerators,
   kBeginningsInMedia,
   kTransitionLengths,
   kItemsOutsideRange,

@@ -61,14 +61,12 @@ class TrackFinder {
   }
 
   void NoteKind(JsonValue track) {
-    const std::string kind = "the kind \"" + track[JsonKey::kKind].GetString() + "\"";
     const OtioPlace trackPlace{place.sequence, {}, "track", track[JsonKey::kName].GetText()};
-    import.AddNote(trackPlace, track,
-                   "Tracks of " + kind + " hold neither picture nor sound and are not shown.");
     const std::size_t count = CountElements(track[JsonKey::kChildren]);
-    import.GetReport().Add(trackPlace, track,
-                           "Not shown: a track of " + kind + " with " + std::to_string(count) +
-                               (count == 1 ? " item." : " items."));
+    import.AddNote(trackPlace, track,
+                   "A track of the kind \"" + track[JsonKey::kKind].GetString() + "\" with " +
+                       std::to_string(count) + (count == 1 ? " item" : " items") +
+                       " holds neither picture nor sound; it is not shown.");
   }
 
   OtioImport& import;

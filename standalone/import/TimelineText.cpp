@@ -16,13 +16,17 @@ namespace fs = std::filesystem;
 /// The timeline of a bundle.
 constexpr const char* kContent = "content.otio";
 
+[[noreturn]] void ThrowNoContent(const fs::path& folder) {
+  const bool isNamedBundle = DescribeBundle(folder).mediaFolder.path.extension() == ".otiod";
+  if (!isNamedBundle) throw ImportError(0, "This is a folder; give a timeline file.");
+  throw ImportError(0, "This bundle has no " + std::string(kContent) + "; export or copy it again.");
+}
+
 TimelineText ReadFolder(const fs::path& folder) {
   const fs::path file = folder / kContent;
   std::error_code error;
   const fs::file_type type = fs::status(file, error).type();
-  if (type == fs::file_type::not_found) {
-    throw ImportError(0, "This is a folder; give a timeline file.");
-  }
+  if (type == fs::file_type::not_found) ThrowNoContent(folder);
   if (type == fs::file_type::directory) {
     throw ImportError(0, std::string(kContent) + " is a folder itself; export the bundle again.");
   }

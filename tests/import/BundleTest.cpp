@@ -98,6 +98,10 @@ TEST(FolderBundles, ASlashOrAPointAtTheEndChangesNothing) {
 TEST(FolderBundles, AFolderWithoutContentIsNone) {
   const process::Folder folder;
   EXPECT_EQ(ErrorOf(folder.GetPath()), "0: This is a folder; give a timeline file.");
+  std::filesystem::create_directory(folder / "cut.otiod");
+  for (const char* name : {"cut.otiod", "cut.otiod/"}) {
+    EXPECT_EQ(ErrorOf(folder / name), "0: This bundle has no content.otio; export or copy it again.");
+  }
 }
 
 TEST(FolderBundles, ContentThatCantBeReadIsNamed) {

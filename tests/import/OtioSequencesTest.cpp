@@ -102,10 +102,11 @@ TEST(Sequences, TracksThatHoldNeitherPictureNorSoundAreNotedAndDoNotCount) {
               ElementsAre("V1 0-10 Picture", "A1 0-10 Sound", "V2 0-10 More picture"));
   EXPECT_THAT(
       draft::Sentences(result),
-      ElementsAre("track \"English\": Tracks of the kind \"Subtitle\" hold neither picture nor "
-                  "sound and are not shown.",
-                  "track \"\": Tracks of the kind \"Data\" hold neither picture nor sound and are "
-                  "not shown."));
+      ElementsAre(
+          "track \"English\": A track of the kind \"Subtitle\" with 1 item holds neither picture "
+          "nor sound; it is not shown.",
+          "track \"\": A track of the kind \"Data\" with 1 item holds neither picture nor "
+          "sound; it is not shown."));
 }
 
 TEST(Sequences, ATimelineWithoutTracksIsEmpty) {

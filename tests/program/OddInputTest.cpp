@@ -345,8 +345,8 @@ const Oddity kOddities[] = {
      "",
      {"Before | V1 | 00:00:00:00 | 00:00:00:10"}},
     {"unknown_track_kind",
-     ":25: track \"English\": Tracks of the kind \"Subtitle\" hold neither picture nor sound and are "
-     "not shown.",
+     ":25: track \"English\": A track of the kind \"Subtitle\" with 1 item holds neither picture nor "
+     "sound; it is not shown.",
      "",
      {"Before | V1 | 00:00:00:00 | 00:00:00:10"}},
     {"zero_rate",
