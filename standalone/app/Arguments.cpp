@@ -8,7 +8,8 @@
 #include <system_error>
 
 #include "standalone/app/CommandError.h"
-#include "standalone/app/Terminal.h"
+#include "standalone/app/IndexArguments.h"
+#include "standalone/app/OptionValues.h"
 
 namespace standalone {
 
@@ -28,6 +29,7 @@ constexpr const char* kExamples =
     "Examples:\n"
     "  sequence-index cut.otio\n"
     "  sequence-index table cut.otio --gaps --columns \"#,Clip Name,Start Time\"\n"
+    "  sequence-index table cut.otio --filter offline-media\n"
     "  sequence-index export cut.otio -o cut.csv\n"
     "\n"
     "sequence-index COMMAND --help says more about a command.\n";
@@ -38,69 +40,32 @@ constexpr const char* kTableExamples =
     "  sequence-index table cut.otio --columns all --gaps | less -S\n"
     "  sequence-index table reels.otio --sequence \"#2\" --time-display frames\n"
     "  sequence-index table - --width 120 < cut.otio\n"
+    "  sequence-index table cut.otio --filter offline-media --filter fonts-missing --match any\n"
+    "  sequence-index table cut.otio --filter video --label Red --label 3E6B5C --search prores\n"
+    "  sequence-index table cut.otio --gaps --short-gap 2\n"
+    "  sequence-index table cut.otio --media-root /Volumes/Raid=/mnt/raid\n"
+    "  sequence-index table cut.otio --filter effects-missing --effects-list effects.txt\n"
     "\n"
     "On a terminal the table is as wide as the screen, and coloured unless NO_COLOR is set.\n"
-    "Texts that do not fit end in \"…\". Elsewhere nothing is cut.\n";
+    "Texts that do not fit end in \"…\"; no column is cut to less than 8. Elsewhere nothing is cut.\n";
 
 constexpr const char* kExportExamples =
     "Examples:\n"
     "  sequence-index export cut.otio -o cut.csv\n"
     "  sequence-index export cut.otio --gaps --columns all -o -\n"
     "  sequence-index export cut.otio --columns \"Clip Name, Tape Name, File Path\" -o media.csv\n"
+    "  sequence-index export cut.otio --filter offline-media --no-probe -o offline.csv\n"
+    "  sequence-index export cut.otio --search \"take 2\" --media-root \"D:\\Media=/mnt/media\" -o -\n"
+    "  sequence-index export cut.otio --filter effects --label Amber --effects-list fx.txt -o -\n"
     "\n"
     "A file that exists is replaced whole, or left as it was.\n";
 
 constexpr const char* kCommands = "Commands";
-constexpr const char* kChoosing = "What to show";
-constexpr const char* kWriting = "How to show it";
 
 constexpr std::array<std::string_view, 5> kFirstWords{"table", "export", "-h", "--help", "--version"};
 
 std::string WithExitCodes(const char* text) {
   return std::string(text) + "\n" + kExitCodes;
-}
-
-TimeFormat ReadTimeFormat(const std::string& name) {
-  if (const auto format = FindTimeFormat(name)) return *format;
-  std::string known;
-  for (const std::string_view format : kTimeFormatNames) {
-    known.append(known.empty() ? "" : ", ").append(format);
-  }
-  throw CommandError("--time-display: There is no \"" + name + "\"; there are " + known + ".");
-}
-
-std::size_t RequireWidth(const std::string& text) {
-  if (const auto width = ReadWidth(text)) return *width;
-  throw CommandError("--width: \"" + text + "\" is no width; give a number of columns, from 1.");
-}
-
-void AddOption(CLI::App& command, const std::string& name, const char* typeName, const char* group,
-               const char* about, const std::function<void(const std::string&)>& take) {
-  command.add_option_function<std::string>(name, take, about)->type_name(typeName)->group(group);
-}
-
-void AddIndexOptions(CLI::App& command, IndexOptions& options) {
-  command.add_flag("--gaps", options.isKeepingGaps, "A row for every gap, not only for clips")
-      ->group(kChoosing);
-  AddOption(command, "--columns", "default|all|LIST", kChoosing,
-            "default (8 columns), all (26), or header texts\n"
-            "or identifiers, separated by commas, in the\n"
-            "order wanted",
-            [&options](const std::string& text) { options.columns = ReadColumnChoice(text); });
-  AddOption(command, "--sequence", "NAME|#N", kChoosing,
-            "The sequence of that name, or at that position\n"
-            "in the file, instead of the first",
-            [&options](const std::string& text) { options.sequence = text; });
-  AddOption(command, "--time-display", "NAME", kWriting,
-            "How times are written, whatever the file says:\n"
-            "timecode, frames, feet+frames 16mm, feet+frames\n"
-            "35mm, audio samples, milliseconds",
-            [&options](const std::string& text) { options.timeFormat = ReadTimeFormat(text); });
-  command
-      .add_flag("--report", options.isReporting,
-                "List on standard error what the index can't show\n"
-                "of the file")
-      ->group(kWriting);
 }
 
 CLI::App* AddTable(CLI::App& program, TableArguments& arguments) {

@@ -6,21 +6,25 @@
 #include <variant>
 #include <vector>
 
+#include "host/MZ/SequenceIndexOptions.h"
 #include "standalone/app/ColumnList.h"
+#include "standalone/app/ReadingOptions.h"
 #include "standalone/model/TimeFormat.h"
 
 namespace standalone {
 
 /// What every command that shows an index can be asked for.
 struct IndexOptions {
-  bool isKeepingGaps = false;
+  /// What the options dialog behind the panel's filter button is given.
+  MZ::SequenceIndex::Options rows;
+  /// What is typed into the panel's search field.
+  std::string search;
   ColumnChoice columns;
   /// A name or "#N"; none: the first sequence of the file.
   std::optional<std::string> sequence;
   /// None: as each sequence says.
   std::optional<TimeFormat> timeFormat;
-  /// Whether to list what the index can't show of a file.
-  bool isReporting = false;
+  ReadingOptions reading;
 };
 
 /// `table FILE...`.

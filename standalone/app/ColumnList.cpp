@@ -1,20 +1,14 @@
 #include "standalone/app/ColumnList.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "standalone/app/CommandError.h"
+#include "standalone/app/NameList.h"
 
 namespace standalone {
 
 namespace {
-
-char LowerCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool IsSameName(std::string_view left, std::string_view right) {
-  return std::ranges::equal(left, right, {}, &LowerCase, &LowerCase);
-}
 
 std::string_view Trim(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
@@ -38,9 +32,8 @@ bool IsNamed(const AvailableColumn& column, std::string_view name) {
 
 CommandError MakeUnknownColumnError(const std::string& name,
                                     const std::vector<AvailableColumn>& columns) {
-  std::string known;
-  for (const AvailableColumn& column : columns) known.append(known.empty() ? "" : ", ") += column.name;
-  return CommandError("--columns: There is no column \"" + name + "\"; there are " + known + ".");
+  return CommandError("--columns: There is no column \"" + name + "\"; there are " +
+                      ListNames(columns, std::mem_fn(&AvailableColumn::name)) + ".");
 }
 
 }  // namespace

@@ -16,8 +16,8 @@ struct WantedWidth {
 
 /// Blanks between two columns.
 inline constexpr std::size_t kColumnGap = 2;
-/// A column that has to be cut keeps this width at least.
-inline constexpr std::size_t kNarrowestCut = 4;
+/// A column that has to be cut keeps this width at least: of less nobody can read anything.
+inline constexpr std::size_t kNarrowestCut = 8;
 
 /// The widths at which columns, kColumnGap apart, fit into `room` (none: as wide as they like). The
 /// widest are narrowed first. Columns from the right that can't be fitted in have no width in the

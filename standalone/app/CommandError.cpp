@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "standalone/app/DisplayText.h"
+
 namespace standalone {
 
 CommandError::CommandError(std::string place, std::size_t line, std::string sentence)
@@ -19,11 +21,7 @@ std::string MakeReportLine(std::string_view place, std::size_t line, std::string
     text.append(": ");
   }
   text.append(sentence);
-  for (char& byte : text) {
-    const auto code = static_cast<unsigned char>(byte);
-    if (code < 0x20 || code == 0x7F) byte = ' ';
-  }
-  return text;
+  return BlankControls(text);
 }
 
 }  // namespace standalone

@@ -22,8 +22,9 @@ class CommandError {
   std::string sentence;
 };
 
-/// "sequence-index: FILE:LINE: sentence" as one line: the parts that are there, joined by colons. Line
-/// breaks and other control characters, which names in files may hold, become blanks.
+/// "sequence-index: FILE:LINE: sentence" as one line: the parts that are there, joined by colons. What
+/// would drive a terminal or move the text beside it (DisplayText.h), which names in files may hold,
+/// becomes a blank.
 std::string MakeReportLine(std::string_view place, std::size_t line, std::string_view sentence);
 
 }  // namespace standalone

@@ -56,11 +56,23 @@ bool SeparatesLines(utf8proc_int32_t value) {
   return IsWithin(value, 0x2028, 0x2029);
 }
 
+bool IsC1Control(utf8proc_int32_t value) {
+  return IsWithin(value, 0x80, 0x9F);
+}
+
+/// Apart from the control characters of ASCII.
+bool DrivesTerminal(utf8proc_int32_t value) {
+  return IsC1Control(value) || ChangesDirection(value) || SeparatesLines(value);
+}
+
 utf8proc_int32_t GetShowable(utf8proc_int32_t value) {
   if (value < ' ') return kFirstControlPicture + value;
   if (value == kDelete) return kPictureOfDelete;
-  const bool isC1Control = IsWithin(value, 0x80, 0x9F);
-  return isC1Control || ChangesDirection(value) || SeparatesLines(value) ? kReplacement : value;
+  return DrivesTerminal(value) ? kReplacement : value;
+}
+
+bool IsControl(utf8proc_int32_t value) {
+  return value < ' ' || value == kDelete || DrivesTerminal(value);
 }
 
 bool IsHangul(int boundClass) {
@@ -129,6 +141,19 @@ std::string_view MakeShowable(std::string_view text, std::string& buffer) {
     text.remove_prefix(next.bytes);
   }
   return buffer;
+}
+
+std::string BlankControls(std::string_view text) {
+  std::string blanked;
+  blanked.reserve(text.size());
+  while (!text.empty()) {
+    const CodePoint next = ReadCodePoint(text);
+    const auto byte = static_cast<unsigned char>(text[0]);
+    const bool isBlanked = IsControl(next.value) || (next.bytes == 1 && IsC1Control(byte));
+    blanked.append(isBlanked ? " " : text.substr(0, next.bytes));
+    text.remove_prefix(next.bytes);
+  }
+  return blanked;
 }
 
 std::size_t CountColumns(std::string_view showable) {

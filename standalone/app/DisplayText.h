@@ -12,6 +12,10 @@ namespace standalone {
 /// separators and bytes that are no UTF-8 by "�". Returns `text` itself, or a view of `buffer`.
 std::string_view MakeShowable(std::string_view text, std::string& buffer);
 
+/// The text with a blank for each control character, C1 control, change of writing direction and line
+/// separator. Bytes that are no UTF-8 stay, except those that some terminals take for C1 controls.
+std::string BlankControls(std::string_view text);
+
 /// How many columns a showable text takes: none for combining marks, two for East Asian wide
 /// characters and for emoji, however many characters an emoji is made of.
 std::size_t CountColumns(std::string_view showable);

@@ -6,7 +6,6 @@
 
 #include "standalone/app/CommandError.h"
 #include "standalone/app/ProgressLine.h"
-#include "standalone/import/TimelineReader.h"
 
 namespace standalone {
 
@@ -22,18 +21,40 @@ void PrintNotes(const std::string& file, const std::vector<ImportNote>& notes) {
   }
 }
 
+std::optional<EffectsList> ReadEffects(const std::optional<std::string>& file) {
+  if (!file) return std::nullopt;
+  try {
+    return ReadEffectsList(*file);
+  } catch (const ImportError& error) {
+    throw CommandError(*file, error.GetLine(), error.what());
+  }
+}
+
 }  // namespace
 
 std::filesystem::path GetInputPath(const std::string& file) {
   return file == kStream ? kStandardInput : file;
 }
 
-DocumentDraft ReadDocument(const std::string& file, bool isReporting) {
+DocumentReader::DocumentReader(const ReadingOptions& options)
+    : importOptions{options.mediaRoots},
+      isProbing(options.isProbing),
+      isReporting(options.isReporting),
+      effects(ReadEffects(options.effectsList)) {}
+
+DocumentDraft DocumentReader::Read(const std::string& file) {
+  DocumentDraft document = Import(file);
+  if (isProbing) Probe(file, document);
+  if (effects) MarkMissingEffects(document, *effects);
+  return document;
+}
+
+DocumentDraft DocumentReader::Import(const std::string& file) const {
   ProgressLine line("reading " + file);
   try {
     ImportProgress progress;
     progress.report = [&line](double fraction) { line.Show(fraction); };
-    ImportResult result = ReadTimelineFile(GetInputPath(file), progress);
+    ImportResult result = ReadTimelineFile(GetInputPath(file), importOptions, progress);
     line.Clear();
     PrintNotes(file, result.notes);
     if (isReporting) PrintNotes(file, result.report);
@@ -41,6 +62,17 @@ DocumentDraft ReadDocument(const std::string& file, bool isReporting) {
   } catch (const ImportError& error) {
     throw CommandError(file, error.GetLine(), error.what());
   }
+}
+
+void DocumentReader::Probe(const std::string& file, DocumentDraft& document) {
+  ProgressLine line("reading media of " + file);
+  ProbeProgress progress;
+  progress.report = [&line](std::size_t done, std::size_t all) {
+    line.Show(static_cast<double>(done) / static_cast<double>(all));
+  };
+  const ProbeOutcome outcome = prober.Probe(document, progress);
+  line.Clear();
+  if (!outcome.note.empty()) std::cerr << MakeReportLine({}, 0, outcome.note) << '\n';
 }
 
 }  // namespace standalone

@@ -19,6 +19,14 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kStream = "-";
+constexpr const char* kBundledTimeline = "content.otio";
+
+/// Also for the timeline within a bundle that is a folder.
+bool IsTimelineItself(const fs::path& output, const fs::path& input) {
+  std::error_code ignored;
+  return fs::equivalent(output, input, ignored) ||
+         fs::equivalent(output, input / kBundledTimeline, ignored);
+}
 
 /// The output as an absolute path. The host's paths use "\" between parts, so a name that holds one
 /// would land elsewhere.
@@ -33,7 +41,7 @@ fs::path ResolveOutput(const ExportArguments& arguments) {
   if (!path.has_filename() || fs::is_directory(path, ignored)) {
     throw CommandError(output, 0, "This is a folder; give a file to write.");
   }
-  if (fs::equivalent(path, GetInputPath(arguments.file), ignored)) {
+  if (IsTimelineItself(path, GetInputPath(arguments.file))) {
     throw CommandError(output, 0, "This is the timeline itself; give another file to write.");
   }
   return path;
@@ -56,9 +64,10 @@ void RunExport(const ExportArguments& arguments) {
   try {
     const bool isStream = arguments.output == kStream;
     const fs::path path = isStream ? fs::path() : ResolveOutput(arguments);
+    DocumentReader reader(arguments.options.reading);
     IndexSession session;
     SetUpPanel(session, arguments.options);
-    ShowTimeline(session, arguments.file, arguments.options);
+    ShowTimeline(session, reader, arguments.file, arguments.options);
     if (isStream) {
       ExportToStandardOutput(session);
     } else {

@@ -48,9 +48,19 @@ void IndexSession::Settle() {
   if (!failures.empty()) throw std::runtime_error("The index can't be built: " + failures.front());
 }
 
-void IndexSession::KeepGaps(bool isKeepingGaps) {
-  answers.isKeepingGaps = isKeepingGaps;
-  FindControl<qelui::controls::UI_PictureButton>(GetPanel()).Click(kNoModifierKeys);
+void IndexSession::ChooseRows(const MZ::SequenceIndex::Options& options) {
+  answers.options = options;
+  auto& button = FindControl<qelui::controls::UI_PictureButton>(GetPanel());
+  CallPanel([&button] { button.Click(kNoModifierKeys); });
+  Settle();
+}
+
+void IndexSession::Search(const std::string& text) {
+  auto& field = FindControl<qelui::controls::UI_SearchBox>(GetPanel());
+  CallPanel([&] {
+    field.Type(qelcore::UTF8String(text));
+    field.Commit();
+  });
   Settle();
 }
 

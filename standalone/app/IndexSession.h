@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <vector>
 
+#include "host/MZ/SequenceIndexOptions.h"
 #include "host/qelui/MultiColumnTree.h"
 #include "standalone/app/ScriptedAnswers.h"
 #include "standalone/assembly/StandaloneHost.h"
@@ -25,8 +27,10 @@ class IndexSession {
   IndexSession(const IndexSession&) = delete;
   IndexSession& operator=(const IndexSession&) = delete;
 
-  /// Confirms the options dialog behind the filter button.
-  void KeepGaps(bool isKeepingGaps);
+  /// Confirms the options dialog behind the filter button with these.
+  void ChooseRows(const MZ::SequenceIndex::Options& options);
+  /// Types a text into the search field, and commits it.
+  void Search(const std::string& text);
   /// Opens the header's context menu and chooses a command of it (kMenuDismissed: none). Returns the
   /// items that the menu had.
   std::vector<MenuItem> ChooseFromHeaderMenu(std::uint32_t command);

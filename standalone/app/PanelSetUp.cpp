@@ -6,7 +6,6 @@
 
 #include "standalone/app/ColumnMenu.h"
 #include "standalone/app/CommandError.h"
-#include "standalone/app/DocumentReading.h"
 #include "standalone/app/SequenceChoice.h"
 
 namespace standalone {
@@ -35,11 +34,13 @@ std::size_t ChooseFirst(const std::string& file, const std::vector<std::string>&
 
 void SetUpPanel(IndexSession& session, const IndexOptions& options) {
   ShowColumns(session, options.columns);
-  if (options.isKeepingGaps) session.KeepGaps(true);
+  if (options.rows != MZ::SequenceIndex::Options()) session.ChooseRows(options.rows);
+  if (!options.search.empty()) session.Search(options.search);
 }
 
-void ShowTimeline(IndexSession& session, const std::string& file, const IndexOptions& options) {
-  DocumentDraft document = ReadDocument(file, options.isReporting);
+void ShowTimeline(IndexSession& session, DocumentReader& reader, const std::string& file,
+                  const IndexOptions& options) {
+  DocumentDraft document = reader.Read(file);
   const auto names = GetTimelineNames(document);
   const std::size_t chosen =
       options.sequence ? ChooseSequence(names, *options.sequence) : ChooseFirst(file, names);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "standalone/app/Arguments.h"
+#include "standalone/app/DocumentReading.h"
 #include "standalone/app/IndexSession.h"
 
 namespace standalone {
@@ -13,6 +14,7 @@ void SetUpPanel(IndexSession& session, const IndexOptions& options);
 
 /// Reads a timeline file and shows the wanted one of its sequences. Says on standard error which one
 /// that is, if the file has several and none was named. Throws: CommandError.
-void ShowTimeline(IndexSession& session, const std::string& file, const IndexOptions& options);
+void ShowTimeline(IndexSession& session, DocumentReader& reader, const std::string& file,
+                  const IndexOptions& options);
 
 }  // namespace standalone

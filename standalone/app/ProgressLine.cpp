@@ -3,7 +3,8 @@
 #include <unistd.h>
 
 #include <iostream>
-#include <utility>
+
+#include "standalone/app/DisplayText.h"
 
 namespace standalone {
 
@@ -12,8 +13,8 @@ constexpr std::chrono::milliseconds kPatience{500};
 constexpr const char* kEraseLine = "\r\033[K";
 }  // namespace
 
-ProgressLine::ProgressLine(std::string what)
-    : what(std::move(what)),
+ProgressLine::ProgressLine(std::string_view what)
+    : what(BlankControls(what)),
       start(std::chrono::steady_clock::now()),
       isTerminal(isatty(STDERR_FILENO) == 1) {}
 

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <string>
+#include <string_view>
 
 namespace standalone {
 
@@ -9,7 +10,8 @@ namespace standalone {
 /// and only once the step has taken half a second.
 class ProgressLine {
  public:
-  explicit ProgressLine(std::string what);
+  /// `what` may hold names from files, of any content.
+  explicit ProgressLine(std::string_view what);
   ~ProgressLine();
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;

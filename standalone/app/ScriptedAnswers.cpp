@@ -17,10 +17,7 @@ std::uint32_t ScriptedAnswers::ChooseFromMenu(const std::vector<MenuItem>& items
 }
 
 std::optional<MZ::SequenceIndex::Options> ScriptedAnswers::EditOptions(
-    const MZ::SequenceIndex::Options& current) {
-  if (!isKeepingGaps) return std::nullopt;
-  MZ::SequenceIndex::Options options = current;
-  options.isKeepingGaps = *isKeepingGaps;
+    const MZ::SequenceIndex::Options&) {
   return options;
 }
 

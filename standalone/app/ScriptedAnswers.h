@@ -19,8 +19,8 @@ class ScriptedAnswers final : public DialogProvider {
 
   /// The item that the next menus answer; 0: dismissed.
   std::uint32_t menuCommand = 0;
-  /// Set: options dialogs confirm with gaps kept or not.
-  std::optional<bool> isKeepingGaps;
+  /// Set: options dialogs confirm with these.
+  std::optional<MZ::SequenceIndex::Options> options;
   /// Set: export dialogs confirm with this place.
   std::optional<ExportChoice> exportChoice;
 

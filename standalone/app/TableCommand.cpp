@@ -58,9 +58,10 @@ class TablePrinter {
 };
 
 /// Shows a file in the panel; false, with a line on standard error, when it can't be shown.
-bool ShowFile(IndexSession& session, const std::string& file, const IndexOptions& options) {
+bool ShowFile(IndexSession& session, DocumentReader& reader, const std::string& file,
+              const IndexOptions& options) {
   try {
-    ShowTimeline(session, file, options);
+    ShowTimeline(session, reader, file, options);
     return true;
   } catch (const CommandError& error) {
     std::cerr << error.GetLine() << '\n';
@@ -70,12 +71,13 @@ bool ShowFile(IndexSession& session, const std::string& file, const IndexOptions
   return false;
 }
 
-bool RunFile(const std::string& file, const TableArguments& arguments, TablePrinter& printer) {
+bool RunFile(const std::string& file, const TableArguments& arguments, DocumentReader& reader,
+             TablePrinter& printer) {
   try {
     // One for each file, so that no more than one is in memory.
     IndexSession session;
     SetUpPanel(session, arguments.options);
-    if (!ShowFile(session, file, arguments.options)) return false;
+    if (!ShowFile(session, reader, file, arguments.options)) return false;
     printer.Print(file, session);
     return true;
   } catch (const std::exception& failure) {
@@ -97,11 +99,12 @@ bool IsThere(const std::string& word) {
 }  // namespace
 
 bool RunTable(const TableArguments& arguments) {
+  DocumentReader reader(arguments.options.reading);
   TablePrinter printer(arguments);
   bool areAllShown = true;
   for (const std::string& file : arguments.files) {
     const bool mayBeCommand = arguments.isCommandImplied && &file == &arguments.files.front();
-    const bool isShown = (!mayBeCommand || IsThere(file)) && RunFile(file, arguments, printer);
+    const bool isShown = (!mayBeCommand || IsThere(file)) && RunFile(file, arguments, reader, printer);
     areAllShown = areAllShown && isShown;
   }
   return areAllShown;

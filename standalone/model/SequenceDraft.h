@@ -46,6 +46,8 @@ struct ComponentDraft {
   std::string matchName;
   bool isIntrinsic = false;
   bool isMissing = false;
+  /// The timeline itself says whether it is missing; a list of effects does not change that.
+  bool isMissingStated = false;
   std::vector<std::string> fonts;
 };
 

@@ -37,17 +37,17 @@ TEST(ColumnWidths, WideColumnsAreNarrowedToOneWidthAndShareWhatIsLeft) {
 }
 
 TEST(ColumnWidths, NumbersAndTimesGiveWayLast) {
-  EXPECT_THAT(FitColumnWidths({{11, kNarrowedLast}, {30, false}}, 17), ElementsAre(11, 4));
-  EXPECT_THAT(FitColumnWidths({{11, kNarrowedLast}, {30, false}}, 14), ElementsAre(8, 4));
+  EXPECT_THAT(FitColumnWidths({{11, kNarrowedLast}, {30, false}}, 21), ElementsAre(11, 8));
+  EXPECT_THAT(FitColumnWidths({{11, kNarrowedLast}, {30, false}}, 18), ElementsAre(8, 8));
 }
 
-TEST(ColumnWidths, NoneIsNarrowerThanFourUnlessItLikes) {
-  EXPECT_THAT(FitTexts({30, 2, 30}, 14), ElementsAre(4, 2, 4));
+TEST(ColumnWidths, NoneIsNarrowerThanEightUnlessItLikes) {
+  EXPECT_THAT(FitTexts({30, 2, 30}, 22), ElementsAre(8, 2, 8));
 }
 
 TEST(ColumnWidths, ColumnsAtTheRightGoWhenNothingElseHelps) {
-  EXPECT_THAT(FitTexts({30, 2, 30}, 13), ElementsAre(9, 2));
-  EXPECT_THAT(FitTexts({30, 2, 30}, 7), ElementsAre(7));
+  EXPECT_THAT(FitTexts({30, 2, 30}, 21), ElementsAre(17, 2));
+  EXPECT_THAT(FitTexts({30, 2, 30}, 11), ElementsAre(11));
 }
 
 TEST(ColumnWidths, TheFirstColumnStaysHoweverSmallTheRoom) {

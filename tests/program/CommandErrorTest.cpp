@@ -18,5 +18,16 @@ TEST(CommandError, IsOneLineWhateverNamesHold) {
             "sequence-index: a b.otio:1: clip \"x   [31m \xC3\xA9\"");
 }
 
+TEST(CommandError, NamesCannotDriveTheTerminal) {
+  EXPECT_EQ(MakeReportLine("\u009B31m.otio", 0, "clip \"a\u202Eb\u2066c\u200Fd\u061Ce\u2028f\""),
+            "sequence-index:  31m.otio: clip \"a b c d e f\"");
+  EXPECT_EQ(MakeReportLine("caf\xE9\x9B"
+                           "1m",
+                           0, "no UTF-8"),
+            "sequence-index: caf\xE9 1m: no UTF-8");
+  EXPECT_EQ(MakeReportLine("渡し船 👩‍🚀 שלום", 0, "…"),
+            "sequence-index: 渡し船 👩‍🚀 שלום: …");
+}
+
 }  // namespace
 }  // namespace standalone

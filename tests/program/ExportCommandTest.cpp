@@ -192,6 +192,20 @@ TEST(Export, TheTimelineItselfIsNeverOverwritten) {
   EXPECT_EQ(ReadFile(file), ReadFile(kDemo));
 }
 
+TEST(Export, TheTimelineWithinABundleIsNeverOverwrittenEither) {
+  const Folder folder;
+  fs::create_directory(folder / "cut.otiod");
+  const std::string bundle = (folder / "cut.otiod").native();
+  const std::string content = bundle + "/content.otio";
+  fs::copy_file(kQuiet, content);
+  const Outcome outcome = RunProgram({"export", bundle, "-o", content});
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_EQ(outcome.errors, "sequence-index: " + content +
+                                ": This is the timeline itself; give another file to write.\n");
+  EXPECT_EQ(ReadFile(content), ReadFile(kQuiet));
+  EXPECT_EQ(RunProgram({"export", bundle, "-o", bundle + "/index.csv"}).code, 0);
+}
+
 TEST(Export, AnOldFileStaysWhenTheInputIsBroken) {
   const Folder folder;
   WriteFile(folder / "out.csv", "old");

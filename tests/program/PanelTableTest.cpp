@@ -31,8 +31,10 @@ TEST(PanelTable, ShowsWhatTheExportWrites) {
   const process::Folder folder;
   IndexSession session;
   ShowColumns(session, {ColumnChoice::Kind::kAll, {}});
-  session.KeepGaps(true);
-  session.ShowDocument(ReadDocument(kDemo, false));
+  MZ::SequenceIndex::Options options;
+  options.isKeepingGaps = true;
+  session.ChooseRows(options);
+  session.ShowDocument(DocumentReader(ReadingOptions()).Read(kDemo));
   session.Export(folder / "demo.csv");
   const auto rows = csv::Parse(process::ReadFile(folder / "demo.csv"));
   PanelTable table(session.GetTree());

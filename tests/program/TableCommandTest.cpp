@@ -92,7 +92,7 @@ TEST(Table, ColumnsThatDoNotFitAreCountedInOneLine) {
   const Outcome outcome = RunProgram({"table", kNames, "--columns", "all", "--width", "80"});
   EXPECT_EQ(outcome.code, 0);
   EXPECT_EQ(outcome.errors,
-            "sequence-index: 12 of 26 columns do not fit into 80; give --width or fewer --columns\n");
+            "sequence-index: 17 of 26 columns do not fit into 80; give --width or fewer --columns\n");
 }
 
 TEST(Table, NothingIsCutInAPipe) {

@@ -90,19 +90,19 @@ TEST(TextTable, WhatIsCutEndsInAnEllipsisAndNothingIsHalved) {
   WrittenTable table({MakeText("Clip Name"), MakeText("Track")});
   table.AddRow({{"Harbour"}, {"V1"}});
   table.AddRow({{"渡し船の夜明け"}, {"V1"}});
-  table.AddRow({{"ae\u0301ioue\u0301x"}, {"V1"}});
-  EXPECT_EQ(Print(table, 13),
-            "Clip …  Track\n"
-            "Harbo…  V1\n"
-            "渡し…   V1\n"
-            "ae\u0301iou…  V1\n");
+  table.AddRow({{"aeioue\u0301e\u0301xx"}, {"V1"}});
+  EXPECT_EQ(Print(table, 15),
+            "Clip Na…  Track\n"
+            "Harbour   V1\n"
+            "渡し船…   V1\n"
+            "aeioue\u0301e\u0301…  V1\n");
 }
 
 TEST(TextTable, ColumnsWithoutRoomAreLeftOutAndCounted) {
   WrittenTable table({MakeText("Clip Name"), MakeText("Comment"), MakeText("Tape Name")});
   table.AddRow({{"Harbour"}, {"Hold"}, {"A001"}});
-  EXPECT_EQ(Print(table, 12), "Clip…  Comm…\nHarb…  Hold\n");
-  EXPECT_EQ(TextTable(table, 12, ColorDepth::kNone).CountOmittedColumns(), 1U);
+  EXPECT_EQ(Print(table, 17), "Clip Na…  Comment\nHarbour   Hold\n");
+  EXPECT_EQ(TextTable(table, 17, ColorDepth::kNone).CountOmittedColumns(), 1U);
   EXPECT_EQ(TextTable(table, 80, ColorDepth::kNone).CountOmittedColumns(), 0U);
 }
 

@@ -65,7 +65,7 @@ void Report(const Allocations& allocations, std::size_t clips) {
 /// All columns and rows.
 standalone::IndexOptions ShowEverything() {
   standalone::IndexOptions options;
-  options.isKeepingGaps = true;
+  options.rows.isKeepingGaps = true;
   options.columns.kind = standalone::ColumnChoice::Kind::kAll;
   return options;
 }
