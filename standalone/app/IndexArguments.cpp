@@ -87,7 +87,7 @@ void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
   command
       .add_flag("--report", options.isReporting,
                 "List on standard error what the index can't show\n"
-                "of the file")
+                "of the file, and what was assumed")
       ->group(kReading);
 }
 

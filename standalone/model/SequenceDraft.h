@@ -19,8 +19,8 @@ namespace standalone {
 struct MediaDraft {
   /// The address as the file names it, decoded for people; empty for media without a file.
   std::string address;
-  /// Where to look for the file: absolute, or relative to the timeline file; a file inside an archive lies
-  /// below the archive's path ("/cuts/harbour.otioz/media/quay.mov"); empty: nowhere.
+  /// Where to look for the file: absolute, or relative to the timeline file; a file inside an archive
+  /// lies below the archive's path ("/cuts/harbour.otioz/media/quay.mov"); empty: nowhere.
   std::string lookUpPath;
   bool isSynthetic = false;
   bool isOffline = false;
