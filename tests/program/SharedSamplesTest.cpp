@@ -55,6 +55,15 @@ TEST_P(SharedSample, IsExportedWithEveryClipAndEveryGap) {
   EXPECT_EQ(static_cast<long>(rows.size()) - 1 - gaps, GetParam().clips);
 }
 
+TEST_P(SharedSample, IsPrintedWithALineForEachOfThem) {
+  const std::filesystem::path file = std::filesystem::path(SHARED_SAMPLES) / "otio" / GetParam().file;
+  if (!std::filesystem::exists(file)) return;
+  const process::Outcome outcome = process::Run({PROGRAM, "table", file.native(), "--gaps"});
+  EXPECT_EQ(outcome.code, 0) << outcome.errors;
+  const long lines = std::count(outcome.output.begin(), outcome.output.end(), '\n');
+  EXPECT_EQ(lines, 1 + GetParam().clips + GetParam().gaps);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, SharedSample, testing::ValuesIn(kSamples),
                          [](const testing::TestParamInfo<Sample>& sample) {
                            std::string name = sample.param.file;
