@@ -5,6 +5,7 @@
 
 #include "standalone/app/CommandError.h"
 #include "standalone/app/NameList.h"
+#include "standalone/model/TextCase.h"
 
 namespace standalone {
 
@@ -27,7 +28,7 @@ std::vector<std::string> SplitNames(std::string_view text) {
 }
 
 bool IsNamed(const AvailableColumn& column, std::string_view name) {
-  return IsSameName(column.name, name) || std::to_string(column.id) == name;
+  return EqualsIgnoringCase(column.name, name) || std::to_string(column.id) == name;
 }
 
 CommandError MakeUnknownColumnError(const std::string& name,
@@ -40,8 +41,8 @@ CommandError MakeUnknownColumnError(const std::string& name,
 
 ColumnChoice ReadColumnChoice(std::string_view text) {
   const std::string_view only = Trim(text);
-  if (IsSameName(only, "default")) return {ColumnChoice::Kind::kDefault, {}};
-  if (IsSameName(only, "all")) return {ColumnChoice::Kind::kAll, {}};
+  if (EqualsIgnoringCase(only, "default")) return {ColumnChoice::Kind::kDefault, {}};
+  if (EqualsIgnoringCase(only, "all")) return {ColumnChoice::Kind::kAll, {}};
   ColumnChoice choice{ColumnChoice::Kind::kListed, SplitNames(text)};
   if (std::ranges::find(choice.names, "") != choice.names.end()) {
     throw CommandError("--columns: A name is empty; give default, all, or names separated by commas.");

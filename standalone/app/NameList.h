@@ -1,12 +1,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace standalone {
-
-/// Whether two names differ in the case of ASCII letters at most.
-bool IsSameName(std::string_view left, std::string_view right);
 
 /// The names that `getName` tells of some things, as a sentence lists them: "a, b, c".
 template <typename Things, typename GetName>

@@ -14,6 +14,7 @@
 #include "standalone/app/NameList.h"
 #include "standalone/app/Terminal.h"
 #include "standalone/import/LabelPalette.h"
+#include "standalone/model/TextCase.h"
 
 namespace standalone {
 
@@ -25,8 +26,9 @@ constexpr std::array<std::string_view, 2> kMatchModes{"all", "any"};
 }  // namespace
 
 std::uint32_t ReadFilter(const std::string& name) {
-  const auto found = std::ranges::find_if(
-      kFilterNames, [&name](const FilterName& filter) { return IsSameName(filter.name, name); });
+  const auto found = std::ranges::find_if(kFilterNames, [&name](const FilterName& filter) {
+    return EqualsIgnoringCase(filter.name, name);
+  });
   if (found != kFilterNames.end()) return found->id;
   throw CommandError("--filter: There is no filter \"" + name + "\"; there are " +
                      ListNames(kFilterNames, std::mem_fn(&FilterName::name)) + ".");
@@ -34,7 +36,7 @@ std::uint32_t ReadFilter(const std::string& name) {
 
 std::uint32_t ReadMatchMode(const std::string& name) {
   for (std::uint32_t mode = 0; mode < kMatchModes.size(); ++mode) {
-    if (IsSameName(kMatchModes[mode], name)) return mode;
+    if (EqualsIgnoringCase(kMatchModes[mode], name)) return mode;
   }
   throw CommandError("--match: There is no \"" + name + "\"; there are " +
                      ListNames(kMatchModes, std::identity()) + ".");

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
-#include "standalone/import/TextCase.h"
+#include "standalone/model/TextCase.h"
 
 namespace standalone {
 

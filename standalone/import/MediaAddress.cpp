@@ -6,7 +6,7 @@
 #include <optional>
 #include <system_error>
 
-#include "standalone/import/TextCase.h"
+#include "standalone/model/TextCase.h"
 
 namespace standalone {
 namespace {

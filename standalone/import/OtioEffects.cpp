@@ -5,7 +5,7 @@
 
 #include "host/ML/TextFilter.h"
 #include "standalone/import/KnownWriters.h"
-#include "standalone/import/TextCase.h"
+#include "standalone/model/TextCase.h"
 
 namespace standalone {
 namespace {

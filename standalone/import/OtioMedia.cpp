@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "standalone/import/TextCase.h"
+#include "standalone/model/TextCase.h"
 #include "standalone/model/FrameSizeText.h"
 
 namespace standalone {

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "standalone/model/TextCase.h"
+
 namespace standalone {
 namespace {
 
 /// Letters in lower case, and one sign for all that can stand between words.
 char Normalise(char c) {
-  if (c >= 'A' && c <= 'Z') return static_cast<char>(c - 'A' + 'a');
-  return c == ' ' || c == '+' || c == '_' ? '-' : c;
+  return c == ' ' || c == '+' || c == '_' ? '-' : LowerLetter(c);
 }
 
 bool IsSameName(std::string_view left, std::string_view right) {

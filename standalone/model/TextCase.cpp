@@ -1,4 +1,4 @@
-#include "standalone/import/TextCase.h"
+#include "standalone/model/TextCase.h"
 
 #include <algorithm>
 
@@ -6,8 +6,7 @@ namespace standalone {
 namespace {
 
 bool IsSameLetter(char left, char right) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return lower(left) == lower(right);
+  return LowerLetter(left) == LowerLetter(right);
 }
 
 }  // namespace
