@@ -7,21 +7,15 @@
 #include "standalone/media/KnownKinds.h"
 #include "standalone/media/ReadFailure.h"
 #include "standalone/media/StreamFacts.h"
+#include "standalone/media/contract/TimeLimitReason.h"
 
 namespace standalone {
 namespace {
 
-std::string DescribeTime(std::chrono::milliseconds time) {
-  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
-  if (seconds != time || seconds.count() == 0) return std::to_string(time.count()) + " ms";
-  return std::to_string(seconds.count()) + " s";
-}
-
 void RequireLimit(ReadLimit& limit) {
   if (!limit.IsReached()) return;
   if (limit.IsCancelled()) throw ReadFailure{MediaOutcome::kCancelled, "reading was cancelled"};
-  throw ReadFailure{MediaOutcome::kTimeLimit,
-                    "it took longer than " + DescribeTime(limit.GetTimeLimit())};
+  throw ReadFailure{MediaOutcome::kTimeLimit, GetTimeLimitReason(limit.GetTimeLimit())};
 }
 
 MediaFacts ReadStreams(InputFile& file, ReadLimit& limit) {

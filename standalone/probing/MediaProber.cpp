@@ -22,6 +22,7 @@ ProbeOutcome MediaProber::Probe(DocumentDraft& document, const ProbeProgress& pr
   outcome.readCount = probe.CountReads();
   outcome.isCancelled = probe.IsCancelled();
   if (!outcome.isCancelled) probe.Fill(document);
+  if (outcome.isCancelled) reader = nullptr;
   return outcome;
 }
 

@@ -10,6 +10,7 @@
 #include "standalone/model/SequenceDraft.h"
 #include "standalone/probing/MediaCache.h"
 #include "standalone/probing/MediaReader.h"
+#include "standalone/probing/WorkerReader.h"
 #include "standalone/runtime/StandaloneAPI.h"
 
 namespace standalone {
@@ -38,9 +39,9 @@ struct ProbeOutcome {
 class STANDALONE_API MediaProber {
  public:
   struct Setup {
-    /// Gives the reader when the first file has to be read. Throws: std::runtime_error when there is
-    /// none, with the sentence of the note.
-    std::function<MediaReader()> findReader = [] { return LoadMediaReader(GetMediaLibraryPath()); };
+    /// Gives the reader when the first file has to be read, and again after a cancelled probe, which
+    /// lets it go. Throws: std::runtime_error when there is none, with the sentence of the note.
+    std::function<MediaReader()> findReader = [] { return StartMediaReader(); };
     /// Reads in parallel; null: the runtime's pool, or threads of the probe where no runtime exists.
     std::shared_ptr<qelcore::threads::AsyncExecutor> executor = nullptr;
     /// For each file.

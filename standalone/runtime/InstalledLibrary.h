@@ -6,7 +6,7 @@
 
 namespace standalone {
 
-/// Where a library of this program lies: beside the program, or beside the host's library, where the
+/// Where a library of this program, or a further program, lies: beside the program, or beside the host's library, where the
 /// build put it. It need not exist. [any-thread]
 STANDALONE_API std::filesystem::path FindInstalledLibrary(const char* fileName);
 

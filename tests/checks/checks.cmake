@@ -5,7 +5,8 @@ if(NOT SEQUENCE_INDEX_SANITIZE)
                    $<TARGET_FILE:SequenceIndex> $<TARGET_FILE:sequence_index_host>)
   add_test(NAME Checks.OnlyTheMediaLibraryNeedsLibAV
            COMMAND sh ${CMAKE_CURRENT_LIST_DIR}/media_library.sh $<TARGET_FILE:sequence_index_media>
-                   $<TARGET_FILE:sequence-index> $<TARGET_FILE:sequence_index_host>)
+                   $<TARGET_FILE:sequence-index> $<TARGET_FILE:sequence_index_host>
+                   $<TARGET_FILE:sequence-index-media>)
   set(checks Checks.TheModuleExportsItsEntryAloneAndNeedsNothingUnknown
              Checks.OnlyTheMediaLibraryNeedsLibAV)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

@@ -1,7 +1,7 @@
 #!/bin/sh
-# media_library.sh MEDIA_LIBRARY PROGRAM HOST_LIBRARY
+# media_library.sh MEDIA_LIBRARY PROGRAM HOST_LIBRARY MEDIA_PROGRAM
 # The library for media files exports its one entry, and it alone needs libav: the program and the host's
-# library start without it.
+# library do without it, and the program that loads it starts without it.
 set -eu
 export LC_ALL=C
 media_library=$1

@@ -1,6 +1,5 @@
 #include "standalone/probing/MediaProber.h"
 
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -16,7 +15,6 @@
 namespace standalone {
 namespace {
 
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 std::string Fixture(const std::string& name) {
@@ -305,6 +303,19 @@ TEST(MediaProbes, CancelReachesTheReadsUnderWay) {
   EXPECT_TRUE(prober.Probe(document, progress).isCancelled);
 }
 
+TEST(MediaProbes, LetTheirReaderGoWhenCancelled) {
+  const process::Folder folder;
+  DocumentDraft document = MakeDocument(MakeFiles(folder, 4));
+  CountingReader reader;
+  MediaProber prober(reader.MakeSetup());
+  ProbeProgress progress;
+  progress.isCancelled = [&] { return reader.CountReads() > 0; };
+  EXPECT_TRUE(prober.Probe(document, progress).isCancelled);
+  process::WriteFile(folder / "0.mov", "changed");
+  prober.Probe(document);
+  EXPECT_EQ(reader.GetLoads(), 2);
+}
+
 TEST(MediaProbes, EachFileGetsTheTimeLimit) {
   DocumentDraft document = MakeDocument({Fixture("still.png")});
   MediaProber::Setup setup;
@@ -313,41 +324,44 @@ TEST(MediaProbes, EachFileGetsTheTimeLimit) {
   EXPECT_EQ(ClipOf(document).media.offlineReason, "Media file can't be read: it took longer than 0 ms");
 }
 
-TEST(MediaProbes, WithoutTheLibraryOneNoteSaysWhatToDoAndNothingIsFilled) {
+TEST(MediaProbes, AFileThatCrashesItsReaderIsOfflineAndTheOthersAreRead) {
+  const process::Folder folder;
+  std::vector<std::string> files;
+  for (const char* name : {"a", "crash", "b", "garbage", "c"}) files.push_back(folder / name);
+  for (const std::string& file : files) process::WriteFile(file, "x");
+  DocumentDraft document = MakeDocument(files);
   MediaProber::Setup setup;
-  setup.findReader = [] { return LoadMediaReader("/nowhere/libsequence_index_media.so"); };
+  setup.findReader = [&] {
+    WorkerReader::Setup worker;
+    worker.program = FAULTY_WORKER;
+    worker.library = folder / "starts";
+    return StartMediaReader(worker);
+  };
+  EXPECT_EQ(MediaProber(setup).Probe(document).readCount, files.size());
+  for (const std::size_t item : {0u, 2u, 4u}) EXPECT_EQ(ClipOf(document, item).media.codec, "Good");
+  for (const std::size_t item : {1u, 3u}) {
+    EXPECT_TRUE(ClipOf(document, item).media.isOffline);
+    EXPECT_EQ(ClipOf(document, item).media.offlineReason,
+              "Media file can't be read: reading it ended unexpectedly");
+  }
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a worker is left";
+}
+
+TEST(MediaProbes, WithoutTheProgramOneNoteSaysWhatToDoAndNothingIsFilled) {
+  MediaProber::Setup setup;
+  setup.findReader = [] {
+    WorkerReader::Setup worker;
+    worker.program = "/nowhere/sequence-index-media";
+    return StartMediaReader(worker);
+  };
   MediaProber prober(setup);
   DocumentDraft document = MakeDocument({Fixture("still.png"), Fixture("h264_25.mov")});
   EXPECT_EQ(prober.Probe(document).note,
-            "Media files are not read: /nowhere/libsequence_index_media.so is missing; install "
+            "Media files are not read: /nowhere/sequence-index-media is missing; install "
             "Sequence Index again.");
   EXPECT_EQ(ClipOf(document).media.codec, "");
   EXPECT_FALSE(ClipOf(document).media.isOffline);
   EXPECT_EQ(prober.Probe(document).note, "") << "told once";
-}
-
-TEST(MediaReaders, ALibraryThatCannotBeLoadedTellsWhatToInstall) {
-  const process::Folder folder;
-  process::WriteFile(folder / "library.so", std::string(4096, 'x'));
-  try {
-    LoadMediaReader(folder / "library.so");
-    FAIL();
-  } catch (const std::runtime_error& failure) {
-    EXPECT_THAT(failure.what(), HasSubstr("Media files are not read: "));
-    EXPECT_THAT(failure.what(), HasSubstr("invalid ELF header"));
-    EXPECT_THAT(failure.what(), HasSubstr("install the libraries of FFmpeg"));
-  }
-}
-
-TEST(MediaReaders, ALibraryWithoutTheEntryIsOfAnotherVersion) {
-  Dl_info library;
-  ASSERT_NE(dladdr(reinterpret_cast<const void*>(&dladdr), &library), 0);
-  try {
-    LoadMediaReader(library.dli_fname);
-    FAIL();
-  } catch (const std::runtime_error& failure) {
-    EXPECT_THAT(failure.what(), HasSubstr(" is of another version; install Sequence Index again."));
-  }
 }
 
 }  // namespace

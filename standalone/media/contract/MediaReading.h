@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-/// What passes between the host and its library for media files, which is loaded when the first file
-/// has to be read. Both sides are built together and share the C++ library.
+/// What is asked of a media file and what is answered: by the library for media files to the program
+/// that loads it, and by that program to the host. All are built together.
 namespace standalone {
 
 /// A positive fraction; 0/1: not known.
@@ -49,7 +49,7 @@ struct MediaReadRequest {
   /// Counted from the call; a read that takes longer ends. Zero: it ends at once. The default serves
   /// network drives that have to wake up.
   std::chrono::milliseconds timeLimit{10'000};
-  /// Asked before each access to the file, on the reading thread; true ends the read. Null: never.
+  /// Asked again and again during the read, on the thread of the call; true ends the read. Null: never.
   bool (*isCancelled)(void* context) = nullptr;
   void* context = nullptr;
 };
@@ -82,5 +82,8 @@ struct MediaReading {
 using ReadMediaEntry = void (*)(const MediaReadRequest& request, MediaReading& reading) noexcept;
 inline constexpr const char* kReadMediaEntryName = "ReadSequenceIndexMedia";
 inline constexpr const char* kMediaLibraryName = "libsequence_index_media.so";
+/// The program that reads media files for the host, so that none can end or hang the host. Its one
+/// argument is the library.
+inline constexpr const char* kMediaProgramName = "sequence-index-media";
 
 }  // namespace standalone
