@@ -123,20 +123,25 @@ TEST_F(Probing, TellsTheSameInATable) {
       << outcome.errors;
 }
 
-TEST_F(Probing, WithoutTheLibraryForMediaFilesOneLineSaysSo) {
+TEST_F(Probing, WithoutItsPartsForMediaFilesOneLineSaysSo) {
   const Folder installed;
-  const fs::path built = fs::path(PROGRAM).parent_path();
-  for (const char* part : {"sequence-index", "SequenceIndex.so", "libsequence_index_host.so"}) {
-    fs::copy_file(built / part, installed / part);
-  }
+  const auto install = [&installed](const char* part) {
+    fs::copy_file(fs::path(PROGRAM).parent_path() / part, installed / part);
+  };
+  for (const char* part : {"sequence-index", "SequenceIndex.so", "libsequence_index_host.so"})
+    install(part);
   const std::string program = (installed / "sequence-index").native();
-  const Outcome outcome = process::Run({program, "table", file, file, "--columns", "Clip Name,Codec"});
-  EXPECT_EQ(outcome.code, 0);
-  EXPECT_EQ(outcome.errors, "sequence-index: Media files are not read: " +
-                                (installed / "libsequence_index_media.so").native() +
-                                " is missing; install Sequence Index again.\n");
   const std::string table = "Clip Name  Codec\nOven\nScore\nPhone\nArchive\nPhoto\n";
-  EXPECT_EQ(outcome.output, file + ":\n" + table + "\n" + file + ":\n" + table);
+  for (const char* missing : {"sequence-index-media", "libsequence_index_media.so"}) {
+    const Outcome outcome =
+        process::Run({program, "table", file, file, "--columns", "Clip Name,Codec"});
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.errors,
+              "sequence-index: Media files are not read: " + (installed / missing).native() +
+                  " is missing; install Sequence Index again.\n");
+    EXPECT_EQ(outcome.output, file + ":\n" + table + "\n" + file + ":\n" + table);
+    install(missing);
+  }
 }
 
 class MediaRootsOption : public testing::Test {
