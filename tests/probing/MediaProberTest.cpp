@@ -60,7 +60,9 @@ class CountingReader {
     return setup;
   }
 
+  /// Also while reads run.
   int CountReads() const {
+    const std::scoped_lock lock(mutex);
     int sum = 0;
     for (const auto& [path, count] : reads) sum += count;
     return sum;
@@ -82,7 +84,7 @@ class CountingReader {
     return reading;
   }
 
-  std::mutex mutex;
+  mutable std::mutex mutex;
   std::map<std::string, int> reads;
   std::atomic<int> loads{0};
 };
