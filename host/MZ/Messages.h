@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "host/BE/Model.h"
 #include "host/HostAPI.h"
 #include "host/qelcore/Messaging.h"
@@ -18,6 +20,7 @@ extern HOST_API const qelcore::messaging::StationID kStation_TrackItemActivation
 struct HOST_API MessageNameForSequenceOpenedMessage {};
 struct HOST_API MessageNameForSequenceActivatedMessage {};
 struct HOST_API MessageNameForSequenceClosedMessage {};
+struct HOST_API MessageNameForTrackItemActivationMessage {};
 
 /// A sequence was opened in the user interface. Station: kStation_Info.
 class HOST_API SequenceOpenedMessage final : public qelcore::messaging::Message {
@@ -55,6 +58,24 @@ class HOST_API SequenceClosedMessage final : public qelcore::messaging::Message 
 
  private:
   qelcore::Ref<BE::ISequence> sequence;
+};
+
+/// A track item in its sequence.
+struct ActivatedTrackItem {
+  qelcore::Ref<BE::ITrackItem> trackItem;
+  qelcore::Ref<BE::ISequence> sequence;
+};
+
+/// These items, and no others, are to be selected on the timeline; none: nothing is. Station:
+/// kStation_TrackItemActivation.
+class HOST_API TrackItemActivationMessage final : public qelcore::messaging::Message {
+ public:
+  explicit TrackItemActivationMessage(std::vector<ActivatedTrackItem> items);
+  ~TrackItemActivationMessage() override;
+  const std::vector<ActivatedTrackItem>& GetItems() const noexcept { return items; }
+
+ private:
+  std::vector<ActivatedTrackItem> items;
 };
 
 }  // namespace MZ

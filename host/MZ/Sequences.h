@@ -4,6 +4,7 @@
 
 #include "host/BE/Model.h"
 #include "host/HostAPI.h"
+#include "host/ML/Player.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelmediatypes/TimeDisplay.h"
 
@@ -12,6 +13,11 @@ namespace MZ {
 /// The project and the sequence that the user works in, or empty. [main-thread]
 HOST_API qelcore::Ref<BE::IProject> GetActiveProject();
 HOST_API qelcore::Ref<BE::ISequence> GetActiveSequence();
+
+/// The player of a sequence, or empty: one that was never opened has none. [main-thread]
+/// `playbackPreference` 0: the player that the user sees, which is the only kind there is.
+HOST_API qelcore::Ref<ML::IPlayer> GetSequencePlayer(const qelcore::Ref<BE::ISequence>& sequence,
+                                                     int playbackPreference);
 
 namespace SequenceUtils {
 /// The project that a sequence belongs to, or empty. `isSearchingParents` true: the parent of the

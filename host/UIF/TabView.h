@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/Shareable.h"
 #include "host/qelcore/UTF8String.h"
+#include "host/qelui/Drawbot.h"
 #include "host/qelui/Geometry.h"
 #include "host/qelui/Node.h"
 
@@ -57,9 +59,24 @@ class HOST_API TabView : public ViewBase, public qelcore::memory::Shareable {
   void Create(std::string_view handlerID, const qelcore::UTF8String& title,
               const std::shared_ptr<WorkspaceFrame>& frame, bool isActivated);
 
+  /// Gives the tab another room: takes the rectangle, then calls LayoutSelf with what it took. Throws:
+  /// what LayoutSelf throws.
+  void Resize(const qelui::Rect& newBounds);
+
+  /// Draws what lies behind the controls. The drawbot's coordinates are those of GetBounds and of the
+  /// controls' places. The base draws nothing.
+  virtual void DrawBackground(qelui::Drawbot& drawbot);
+
+  /// The identifier of the tab's wing (flyout) menu, as ShortcutManager knows it; the base: empty,
+  /// none.
+  virtual std::string_view GetWingMenuID() const;
+
   /// Replaces the tab's title.
   void SetName(const qelcore::UTF8String& title);
   const qelcore::UTF8String& GetName() const noexcept;
+  /// How the host hears of another title: `watcher` replaces the one before and is called by each
+  /// SetName; empty: nobody. It is destroyed with the tab.
+  void SetNameWatcher(std::function<void()> watcher);
 
   /// Adds a control to the view, drawn and reached by keyboard in the order added. The tab keeps it
   /// until the tab is destroyed.
@@ -74,6 +91,8 @@ class HOST_API TabView : public ViewBase, public qelcore::memory::Shareable {
  protected:
   explicit TabView(Application& application);
 
+  /// Places the view's controls in the view's rectangle; called by Resize. The base does nothing.
+  virtual void LayoutSelf(const qelui::Rect& view);
   /// Builds the view's controls; called once, by Create. The base does nothing.
   virtual void CreateContentsSelf();
 

@@ -132,4 +132,100 @@ class HOST_API UI_PictureButton : public UI_ControlView, public UI_ImageHandling
   void Click(std::uint32_t modifierKeys);
 };
 
+/// A text that users can't change. [main-thread]
+class HOST_API UI_StaticText : public ui::UI_SubView {
+ public:
+  UI_StaticText();
+  ~UI_StaticText() override;
+
+  void SetValue(const qelcore::UTF8String& newText);
+  /// Empty at first.
+  const qelcore::UTF8String& GetValue() const;
+
+ private:
+  qelcore::UTF8String text;
+};
+
+enum class SliderDirection : std::uint32_t { kHorizontal, kVertical };
+
+/// The message of a slider: its knob stands elsewhere, or was let go.
+class HOST_API UI_SliderChangedMessage final : public ui::Message {
+ public:
+  UI_SliderChangedMessage();
+  ~UI_SliderChangedMessage() override;
+};
+
+/// A knob on a line, for a number in a range; 0 to 1, at 0, at first. A vertical one has its lowest
+/// value at the bottom. [main-thread]
+class HOST_API UI_Slider : public UI_InteractiveControlView {
+ public:
+  /// `isJumpingToPointer`: a click beside the knob puts it there; otherwise it goes a step that way.
+  UI_Slider(SliderDirection direction, bool isJumpingToPointer);
+  ~UI_Slider() override;
+
+  SliderDirection GetDirection() const noexcept { return direction; }
+  bool IsJumpingToPointer() const noexcept { return isJumpingToPointer; }
+
+  /// Replaces the range, and moves the value into it. An upper end below the lower one counts as the
+  /// lower one. Runs no callback.
+  void SetRange(double newMinimum, double newMaximum);
+  double GetMinimum() const;
+  double GetMaximum() const;
+
+  /// The nearest value in the range is taken; NaN counts as its lower end. Runs no callback.
+  void SetValue(double newValue);
+  double GetValue() const;
+
+  /// What dragging the knob by the user does: sets the value as SetValue does, and if it is another one
+  /// runs the interactive callbacks. A disabled slider does nothing.
+  void DragTo(double newValue);
+  /// What letting the knob go does: the change callbacks run. As above.
+  void Commit();
+
+ private:
+  SliderDirection direction;
+  bool isJumpingToPointer;
+  double minimum = 0;
+  double maximum = 1;
+  double value = 0;
+};
+
+/// The values of a checkbox; the numbers are the host's.
+enum class CheckboxValue : std::uint32_t {
+  kUnchecked = 0,
+  kChecked = 1,
+  kMixed = 2,  ///< Some of what it stands for is, some is not.
+};
+
+/// The message of a checkbox: it was clicked.
+class HOST_API UI_CheckboxChangedMessage final : public ui::Message {
+ public:
+  UI_CheckboxChangedMessage();
+  ~UI_CheckboxChangedMessage() override;
+};
+
+/// A box to check, with a label behind it. [main-thread]
+class HOST_API UI_Checkbox : public UI_ControlView {
+ public:
+  UI_Checkbox();
+  ~UI_Checkbox() override;
+
+  void SetLabel(const qelcore::UTF8String& newLabel);
+  /// Empty at first.
+  const qelcore::UTF8String& GetLabel() const;
+
+  /// Runs no callback.
+  void SetValue(CheckboxValue newValue);
+  /// Unchecked at first.
+  CheckboxValue GetValue() const;
+
+  /// What a click by the user does: a checked box becomes unchecked, any other one checked, and the
+  /// change callbacks run. A disabled box does nothing.
+  void Click();
+
+ private:
+  qelcore::UTF8String label;
+  CheckboxValue value = CheckboxValue::kUnchecked;
+};
+
 }  // namespace qelui::controls

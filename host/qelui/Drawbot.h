@@ -32,10 +32,16 @@ class HOST_API Drawbot {
 
   /// Fills all of `area`, without border.
   virtual void FillRect(const Rect& area, const ColorRGBA& color) = 0;
+  /// Draws a line along the inside of the edges of `area`.
+  /// @param lineWidth pixels
+  virtual void StrokeRect(const Rect& area, const ColorRGBA& color, float lineWidth) = 0;
   virtual void DrawTextLine(const TextLine& line) = 0;
 
  protected:
   Drawbot();
 };
+
+/// Outlines a rectangle: a line along the inside of its edges, `lineWidth` pixels wide. [main-thread]
+HOST_API void StrokeRect(Drawbot& drawbot, const Rect& area, const ColorRGBA& color, float lineWidth);
 
 }  // namespace qelui

@@ -21,8 +21,8 @@ class HOST_API ImageHandler {
   ImageHandler(const ImageHandler&) = delete;
   ImageHandler& operator=(const ImageHandler&) = delete;
 
-  /// Shows the picture of a state; the first one at the beginning. Throws: qel_exception for a state
-  /// without a picture.
+  /// Shows the picture of a state; the first one at the beginning. The control is not told: whoever
+  /// calls this has it drawn anew (UI_Invalidate). Throws: qel_exception for a state without a picture.
   void SetImageState(std::size_t state);
   std::size_t GetImageState() const noexcept { return state; }
   /// The picture shown now.

@@ -32,6 +32,13 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
       std::function<void(Drawbot& drawbot, Row* row, std::size_t displayIndex, const Rect& cell)>;
   using SharedDrawCellFunction = std::shared_ptr<const DrawCellFunction>;
 
+  /// Called with the selected rows, from the top.
+  using RowsSelectionChangedFunction = std::function<void(const std::vector<Row*>& selectedRows)>;
+  using SharedRowsSelectionChangedFunction = std::shared_ptr<const RowsSelectionChangedFunction>;
+  /// Called with a row that came into view or left it; may be null.
+  using RowVisibilityChangedFunction = std::function<void(Row* row)>;
+  using SharedRowVisibilityChangedFunction = std::shared_ptr<const RowVisibilityChangedFunction>;
+
   /// How DrawCellString places a text.
   static constexpr std::uint32_t kAlignLeft = 0;
   static constexpr std::uint32_t kCutAtEnd = 2;
@@ -66,6 +73,12 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
   /// What the toolkit leaves free before the text of a cell, in pixels.
   static float GetCellTextLeftInset();
 
+  /// Registers who hears that the user selected other rows, or that they were deselected with
+  /// notification; in place of the one before, null: nobody. What it throws goes to the host's log.
+  void SetRowsSelectionChangedCallback(SharedRowsSelectionChangedFunction callback);
+  /// Registers who hears that scrolling showed or hid a row. As above.
+  void SetRowVisibilityChangedCallback(SharedRowVisibilityChangedFunction callback);
+
   std::size_t CountRows() const;
   /// The row at a position, or null. Constant time.
   Row* GetRow(std::size_t position) const;
@@ -74,6 +87,22 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
   std::size_t GetRowIndex(const Row* row) const;
   /// The rows that the viewport shows, whole or in part, from the top.
   std::vector<Row*> GetVisibleRows() const;
+  /// Whether the viewport shows a row, whole or in part. Throws: as GetRowIndex.
+  bool IsRowVisible(const Row* row) const;
+
+  /// The selected rows, from the top.
+  std::vector<Row*> GetSelectedRows() const;
+  /// Selects a row. Runs no callback, so that a program that selects does not hear itself. Throws: as
+  /// GetRowIndex.
+  /// @param isExtending true: the rows selected already stay so, if the table allows several
+  void SelectRow(Row* row, bool isExtending);
+  /// Deselects every row.
+  /// @param isNotifying whether the selection callback runs, before this returns, if rows were selected
+  void DeselectAllRows(bool isNotifying);
+
+  /// The height of every row, in pixels; may be a fraction. The first visible row stays at the top.
+  void SetRowHeight(float height);
+  float GetRowHeight() const;
 
   /// Removes all rows and clears the selection.
   /// @param isNotifying whether the selection callback runs, with no rows left, if rows were selected
@@ -94,9 +123,12 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
   /// @param isRedrawing whether the view is drawn anew
   void ScrollRowIntoView(Row* row, bool isAligningToTop, bool isImmediate, bool isRedrawing);
 
+  /// The host's side of the table: what a window needs to show it. Opaque to modules.
+  class Control;
+  Control& GetControl() const noexcept { return *control; }
+
  private:
-  class State;
-  std::unique_ptr<State> state;
+  std::unique_ptr<Control> control;
 };
 
 }  // namespace qelui::controls

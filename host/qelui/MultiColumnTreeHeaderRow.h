@@ -7,6 +7,7 @@
 #include "host/HostAPI.h"
 #include "host/qelcore/UTF8String.h"
 #include "host/qelui/Node.h"
+#include "host/qelui/Resources.h"
 
 namespace qelui::controls {
 
@@ -16,7 +17,8 @@ class UI_MultiColumnTree;
 ///
 /// A new header row has one column, the tree's hierarchy column, with the identifier
 /// kHierarchyColumnID at display index 0. It can't be removed, and stays in its place unless users may
-/// drag the first column too.
+/// drag the first column too. A change of the columns has the header row drawn anew, not the tree: what
+/// shows the tree watches both.
 /// All operations are [main-thread].
 class HOST_API UI_MultiColumnTreeHeaderRow : public ui::UI_SubView {
  public:
@@ -46,11 +48,32 @@ class HOST_API UI_MultiColumnTreeHeaderRow : public ui::UI_SubView {
 
   /// Whether users may drag columns, and whether the first one takes part.
   void SetAllowColumnMovingByUser(bool isAllowed, bool includingFirstColumn);
-  /// What a drag by the user does: the column at the display index `from` goes to `to`, the ones
-  /// between make room. False, and nothing moves, when there is no such place or the user may not.
+  /// What a drag of a column by the user does: the column at the display index `from` goes to `to`, the
+  /// ones between make room. False, and nothing moves, when there is no such place or the user may not.
   bool MoveColumnByUser(std::size_t from, std::size_t to);
+  /// What a drag of a column's right border by the user does: the column at a display index becomes so
+  /// many pixels wide, at least kNarrowestColumn. Nothing happens beyond the last column, and to the
+  /// hierarchy column.
+  void ResizeColumnByUser(std::size_t displayIndex, float width);
+  static constexpr float kNarrowestColumn = 8;
+
+  /// How many pixels of the columns lie left of the view; for the host, which scrolls sideways.
+  void SetScrollOffset(float offset);
+  float GetScrollOffset() const;
+
+  /// Whether a sort indicator is wanted. The toolkit draws none: tables here never sort by a column.
   void ShowSortIndicator(bool isShown);
   bool IsSortIndicatorShown() const;
+
+  /// Draws background, texts and dividers of the columns into the view's bounds.
+  void UI_Draw(Drawbot& drawbot) override;
+
+  /// The user begins (true) or ends to drag a column: the pointer shows it.
+  virtual void SetColumnMoveCursor(bool isMoving);
+  bool HasColumnMoveCursor() const;
+
+  /// How the header row is built; the base: the plain one.
+  virtual utility::StyleResource GetStyleResource() const;
 
  private:
   class State;

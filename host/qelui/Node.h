@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "host/HostAPI.h"
 #include "host/qelcore/CountedObject.h"
 #include "host/qelcore/UTF8String.h"
+#include "host/qelui/Drawbot.h"
 #include "host/qelui/Events.h"
 #include "host/qelui/Geometry.h"
 
@@ -30,6 +32,12 @@ class HOST_API UI_Node : public qelcore::CountedObject {
   const qelcore::UTF8String& UI_GetToolTip() const;
   std::uint32_t UI_GetToolTipWidth() const;
 
+  /// Says that what the control shows is another now, so that it is drawn anew soon.
+  void UI_Invalidate();
+  /// How the host hears of it: `newWatcher` replaces the one before and is called by each
+  /// UI_Invalidate; empty: nobody. It is destroyed with the control.
+  void UI_SetWatcher(std::function<void()> newWatcher);
+
  protected:
   UI_Node();
   void DeleteSelf() noexcept override;
@@ -38,13 +46,17 @@ class HOST_API UI_Node : public qelcore::CountedObject {
   Rect bounds;
   qelcore::UTF8String toolTip;
   std::uint32_t toolTipWidth = 0;
+  std::function<void()> watcher;
   bool isEnabled = true;
 };
 
-/// A node that receives events.
+/// A node that draws itself and receives events.
 class HOST_API UI_SubView : public UI_Node {
  public:
   ~UI_SubView() override;
+
+  /// Draws the view; the view's top left corner is at the drawbot's origin. The base draws nothing.
+  virtual void UI_Draw(Drawbot& drawbot);
 
   /// Offers an event to this view. True when it was handled. The base handles none.
   virtual bool UI_DoMouseEvent(const MouseEvent& event);

@@ -15,6 +15,10 @@ class HOST_API ThemeProvider {
   virtual ~ThemeProvider();
   /// Of plain text on the background of a panel. [any-thread]
   virtual ColorRGBA GetTextColor() const = 0;
+  /// Of the lines between parts of the user interface. [any-thread]
+  virtual ColorRGBA GetDividerColor() const = 0;
+  /// Of a panel's background. [any-thread]
+  virtual ColorRGBA GetTabBackgroundColor() const = 0;
 
  protected:
   ThemeProvider();
@@ -41,5 +45,7 @@ namespace qelui::skins::utilities {
 
 /// [any-thread]
 HOST_API ColorRGBA GetDefaultTextColor(const ui::ThemeProvider& theme);
+HOST_API ColorRGBA GetDividerColor(const ui::ThemeProvider& theme);
+HOST_API ColorRGBA GetTabBackgroundColor(const ui::ThemeProvider& theme);
 
 }  // namespace qelui::skins::utilities

@@ -1,92 +1,57 @@
 #include "host/qelui/MultiColumnTree.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 #include "standalone/runtime/Runtime.h"
-#include "standalone/toolkit/RowLayout.h"
-#include "standalone/toolkit/RowStore.h"
+#include "standalone/toolkit/TreeControl.h"
 
 namespace qelui::controls {
 
 using standalone::AssertMainThread;
 
 namespace {
-/// Pixels that a header row takes from the top of the control.
-constexpr std::int64_t kHeaderHeight = 20;
 constexpr float kCellTextLeftInset = 6;
 }  // namespace
 
-class UI_MultiColumnTree::State {
- public:
-  explicit State(float rowHeight) : layout(rowHeight) {}
-
-  /// The height of the viewport: what the header row leaves of the control.
-  std::int64_t GetViewportHeight(const Rect& bounds) const {
-    const std::int64_t header = headerRow ? kHeaderHeight : 0;
-    return std::max<std::int64_t>(static_cast<std::int64_t>(bounds.height) - header, 0);
-  }
-
-  /// The pixels above the viewport, within what there is to scroll now.
-  std::int64_t GetScrollPosition(std::int64_t viewportHeight) const {
-    const std::int64_t range = std::max<std::int64_t>(layout.GetHeight() - viewportHeight, 0);
-    return std::clamp<std::int64_t>(scrollPosition, 0, range);
-  }
-
-  /// The scroll position nearest to the present one at which all of [top, bottom) is seen, its top
-  /// rather than its bottom if it is taller than the viewport.
-  std::int64_t FindScrollPositionShowing(std::int64_t top, std::int64_t bottom,
-                                         std::int64_t viewportHeight) const {
-    const std::int64_t present = GetScrollPosition(viewportHeight);
-    return std::min(std::max(present, bottom - viewportHeight), top);
-  }
-
-  standalone::RowStore rows;
-  standalone::RowLayout layout;
-  qelcore::Ref<UI_MultiColumnTreeHeaderRow> headerRow;
-  SharedDrawCellFunction drawCell;
-  /// Wanted; what there is to scroll may have become less since.
-  std::int64_t scrollPosition = 0;
-  bool wantsKeyboardFocus = false;
-  bool isSelectingMultiple = false;
-};
-
 UI_MultiColumnTree::UI_MultiColumnTree(unsigned, float rowHeight)
-    : state(std::make_unique<State>(rowHeight)) {}
+    : control(std::make_unique<Control>(*this, rowHeight)) {}
 
 UI_MultiColumnTree::~UI_MultiColumnTree() = default;
 
 void UI_MultiColumnTree::SetWantsKeyboardFocus(bool wantsFocus) {
   AssertMainThread("UI_MultiColumnTree::SetWantsKeyboardFocus");
-  state->wantsKeyboardFocus = wantsFocus;
+  control->wantsKeyboardFocus = wantsFocus;
 }
 
 void UI_MultiColumnTree::SetSupportMultipleSelections(bool isSupported) {
   AssertMainThread("UI_MultiColumnTree::SetSupportMultipleSelections");
-  state->isSelectingMultiple = isSupported;
+  control->isSelectingMultiple = isSupported;
+  control->gestures.SetSupportsMultiple(isSupported);
 }
 
 void UI_MultiColumnTree::SetHeaderRow(const qelcore::Ref<UI_MultiColumnTreeHeaderRow>& headerRow) {
   AssertMainThread("UI_MultiColumnTree::SetHeaderRow");
-  state->headerRow = headerRow;
+  control->headerRow = headerRow;
+  UI_Invalidate();
 }
 
 qelcore::Ref<UI_MultiColumnTreeHeaderRow> UI_MultiColumnTree::GetHeaderRow() const {
   AssertMainThread("UI_MultiColumnTree::GetHeaderRow");
-  return state->headerRow;
+  return control->headerRow;
 }
 
 void UI_MultiColumnTree::SetDrawCellOfRowCallback(SharedDrawCellFunction callback) {
   AssertMainThread("UI_MultiColumnTree::SetDrawCellOfRowCallback");
-  state->drawCell = std::move(callback);
+  control->drawCell = std::move(callback);
+  UI_Invalidate();
 }
 
 void UI_MultiColumnTree::DrawCellOfRow(Drawbot& drawbot, Row* row, std::size_t displayIndex,
                                        const Rect& cell) const {
   AssertMainThread("UI_MultiColumnTree::DrawCellOfRow");
   // Held, in case the callback registers another one.
-  const SharedDrawCellFunction drawCell = state->drawCell;
+  const SharedDrawCellFunction drawCell = control->drawCell;
   if (drawCell && *drawCell) (*drawCell)(drawbot, row, displayIndex, cell);
 }
 
@@ -106,61 +71,106 @@ float UI_MultiColumnTree::GetCellTextLeftInset() {
   return kCellTextLeftInset;
 }
 
+void UI_MultiColumnTree::SetRowsSelectionChangedCallback(SharedRowsSelectionChangedFunction callback) {
+  AssertMainThread("UI_MultiColumnTree::SetRowsSelectionChangedCallback");
+  control->rowsSelectionChanged = std::move(callback);
+}
+
+void UI_MultiColumnTree::SetRowVisibilityChangedCallback(SharedRowVisibilityChangedFunction callback) {
+  AssertMainThread("UI_MultiColumnTree::SetRowVisibilityChangedCallback");
+  control->rowVisibilityChanged = std::move(callback);
+}
+
 std::size_t UI_MultiColumnTree::CountRows() const {
   AssertMainThread("UI_MultiColumnTree::CountRows");
-  return state->rows.Count();
+  return control->rows.Count();
 }
 
 UI_MultiColumnTree::Row* UI_MultiColumnTree::GetRow(std::size_t position) const {
   AssertMainThread("UI_MultiColumnTree::GetRow");
-  return state->rows.At(position);
+  return control->rows.At(position);
 }
 
 std::size_t UI_MultiColumnTree::GetRowIndex(const Row* row) const {
   AssertMainThread("UI_MultiColumnTree::GetRowIndex");
-  return state->rows.IndexOf(row);
+  return control->rows.IndexOf(row);
 }
 
 std::vector<UI_MultiColumnTree::Row*> UI_MultiColumnTree::GetVisibleRows() const {
   AssertMainThread("UI_MultiColumnTree::GetVisibleRows");
-  const std::int64_t height = state->GetViewportHeight(UI_GetBounds());
-  const std::int64_t top = state->GetScrollPosition(height);
   std::vector<Row*> visible;
-  for (const std::size_t position : state->layout.GetPositionsBetween(top, top + height)) {
-    visible.push_back(state->rows.At(position));
+  for (const std::size_t position : control->GetVisiblePositions()) {
+    visible.push_back(control->rows.At(position));
   }
   return visible;
 }
 
-void UI_MultiColumnTree::RemoveAllRows(bool, bool) {
+bool UI_MultiColumnTree::IsRowVisible(const Row* row) const {
+  AssertMainThread("UI_MultiColumnTree::IsRowVisible");
+  return control->IsVisible(control->rows.IndexOf(row));
+}
+
+std::vector<UI_MultiColumnTree::Row*> UI_MultiColumnTree::GetSelectedRows() const {
+  AssertMainThread("UI_MultiColumnTree::GetSelectedRows");
+  return control->GetSelectedRows();
+}
+
+void UI_MultiColumnTree::SelectRow(Row* row, bool isExtending) {
+  AssertMainThread("UI_MultiColumnTree::SelectRow");
+  const std::size_t position = control->rows.IndexOf(row);
+  if (!isExtending || !control->isSelectingMultiple) control->selection.Clear();
+  control->selection.Add(position);
+  control->gestures.SetCurrent(position);
+  UI_Invalidate();
+}
+
+void UI_MultiColumnTree::DeselectAllRows(bool isNotifying) {
+  AssertMainThread("UI_MultiColumnTree::DeselectAllRows");
+  if (!control->selection.Clear()) return;
+  UI_Invalidate();
+  if (isNotifying) control->NotifySelectionChanged();
+}
+
+void UI_MultiColumnTree::SetRowHeight(float height) {
+  AssertMainThread("UI_MultiColumnTree::SetRowHeight");
+  control->SetRowHeight(height);
+}
+
+float UI_MultiColumnTree::GetRowHeight() const {
+  AssertMainThread("UI_MultiColumnTree::GetRowHeight");
+  return control->layout.GetRowHeight();
+}
+
+void UI_MultiColumnTree::RemoveAllRows(bool isNotifying, bool isRedrawing) {
   AssertMainThread("UI_MultiColumnTree::RemoveAllRows");
-  state->rows.Clear();
-  state->layout.Clear();
-  state->scrollPosition = 0;
+  const bool wasSelected = control->selection.Clear();
+  control->gestures.Reset();
+  control->rows.Clear();
+  control->layout.Clear();
+  control->scrollPosition = 0;
+  if (isRedrawing) UI_Invalidate();
+  if (wasSelected && isNotifying) control->NotifySelectionChanged();
 }
 
 UI_MultiColumnTree::Row* UI_MultiColumnTree::CreateAndAppendRow(Row*, bool isVisible,
                                                                 bool isDeferringLayout) {
   AssertMainThread("UI_MultiColumnTree::CreateAndAppendRow");
-  state->layout.Append(!isVisible);
-  Row* const row = state->rows.Append();
+  control->layout.Append(!isVisible);
+  Row* const row = control->rows.Append();
   if (!isDeferringLayout) LayoutAfterAppendRow();
   return row;
 }
 
 void UI_MultiColumnTree::LayoutAfterAppendRow() {
   AssertMainThread("UI_MultiColumnTree::LayoutAfterAppendRow");
-  state->layout.Update();
+  control->layout.Update();
+  UI_Invalidate();
 }
 
-void UI_MultiColumnTree::ScrollRowIntoView(Row* row, bool isAligningToTop, bool, bool) {
+void UI_MultiColumnTree::ScrollRowIntoView(Row* row, bool isAligningToTop, bool, bool isRedrawing) {
   AssertMainThread("UI_MultiColumnTree::ScrollRowIntoView");
-  const std::size_t position = state->rows.IndexOf(row);
-  const std::int64_t top = state->layout.GetTop(position);
-  const std::int64_t bottom = state->layout.GetTop(position + 1);
-  const std::int64_t height = state->GetViewportHeight(UI_GetBounds());
-  state->scrollPosition = isAligningToTop ? top : state->FindScrollPositionShowing(top, bottom, height);
-  state->scrollPosition = state->GetScrollPosition(height);
+  const bool hasScrolled = control->ScrollToShow(control->rows.IndexOf(row), isAligningToTop);
+  if (hasScrolled && isRedrawing) UI_Invalidate();
 }
 
 }  // namespace qelui::controls

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/qelcore/Exceptions.h"
+#include "host/qelui/MultiColumnTree.h"
+#include "host/qelui/Theme.h"
 #include "standalone/runtime/Runtime.h"
+#include "standalone/toolkit/ThemeColors.h"
 
 namespace qelui::controls {
 
@@ -16,12 +20,24 @@ using standalone::AssertMainThread;
 namespace {
 
 constexpr float kDefaultWidth = 100;
+constexpr float kDividerWidth = 1;
+constexpr std::uint32_t kPlainTextFont = 0;
+constexpr std::u16string_view kToolkitEllipsis;
 
 struct Column {
   std::uint32_t id = UI_MultiColumnTreeHeaderRow::kHierarchyColumnID;
   qelcore::UTF8String text;
   float width = kDefaultWidth;
 };
+
+void DrawColumn(Drawbot& drawbot, const qelcore::UTF8String& text, const Rect& place, float inset) {
+  const standalone::ThemeColors& colors = standalone::GetThemeColors();
+  UI_MultiColumnTree::DrawCellString(drawbot, place, text, colors.headerText, place.height / 2, inset,
+                                     ui::GetFontName(kPlainTextFont), kToolkitEllipsis,
+                                     UI_MultiColumnTree::kAlignLeft, UI_MultiColumnTree::kCutAtEnd);
+  const float right = place.left + place.width;
+  drawbot.FillRect({right - kDividerWidth, place.top, kDividerWidth, place.height}, colors.divider);
+}
 
 }  // namespace
 
@@ -38,6 +54,8 @@ class UI_MultiColumnTreeHeaderRow::State {
   bool isMovingAllowed = false;
   bool isMovingFirstColumn = false;
   bool isSortIndicatorShown = true;
+  bool hasMoveCursor = false;
+  float scrollOffset = 0;
 };
 
 UI_MultiColumnTreeHeaderRow::UI_MultiColumnTreeHeaderRow(UI_MultiColumnTree*)
@@ -84,22 +102,32 @@ void UI_MultiColumnTreeHeaderRow::AppendColumn(const qelcore::UTF8String& text, 
                         "The header already has a column " + std::to_string(id), {});
   }
   state->columns.push_back({id, text, kDefaultWidth});
+  UI_Invalidate();
 }
 
 void UI_MultiColumnTreeHeaderRow::RemoveColumn(std::uint32_t id) {
   AssertMainThread("UI_MultiColumnTreeHeaderRow::RemoveColumn");
   if (id == kHierarchyColumnID) return;
-  std::erase_if(state->columns, [id](const Column& column) { return column.id == id; });
+  const auto removed =
+      std::erase_if(state->columns, [id](const Column& column) { return column.id == id; });
+  if (removed != 0) UI_Invalidate();
 }
 
 void UI_MultiColumnTreeHeaderRow::SetColumnName(std::uint32_t id, const qelcore::UTF8String& text) {
   AssertMainThread("UI_MultiColumnTreeHeaderRow::SetColumnName");
-  if (Column* const column = state->Find(id)) column->text = text;
+  Column* const column = state->Find(id);
+  if (column == nullptr || column->text == text) return;
+  column->text = text;
+  UI_Invalidate();
 }
 
 void UI_MultiColumnTreeHeaderRow::SetColumnWidth(std::uint32_t id, float width) {
   AssertMainThread("UI_MultiColumnTreeHeaderRow::SetColumnWidth");
-  if (Column* const column = state->Find(id)) column->width = std::max(width, 0.0F);
+  Column* const column = state->Find(id);
+  const float newWidth = std::max(0.0F, width);
+  if (column == nullptr || column->width == newWidth) return;
+  column->width = newWidth;
+  UI_Invalidate();
 }
 
 void UI_MultiColumnTreeHeaderRow::SetAllowColumnMovingByUser(bool isAllowed,
@@ -123,17 +151,71 @@ bool UI_MultiColumnTreeHeaderRow::MoveColumnByUser(std::size_t from, std::size_t
   } else {
     std::rotate(place, column, column + 1);
   }
+  UI_Invalidate();
   return true;
+}
+
+void UI_MultiColumnTreeHeaderRow::ResizeColumnByUser(std::size_t displayIndex, float width) {
+  AssertMainThread("UI_MultiColumnTreeHeaderRow::ResizeColumnByUser");
+  if (displayIndex >= state->columns.size()) return;
+  const std::uint32_t id = state->columns[displayIndex].id;
+  if (id != kHierarchyColumnID) SetColumnWidth(id, std::max(kNarrowestColumn, width));
+}
+
+void UI_MultiColumnTreeHeaderRow::SetScrollOffset(float offset) {
+  AssertMainThread("UI_MultiColumnTreeHeaderRow::SetScrollOffset");
+  const float newOffset = std::max(0.0F, offset);
+  if (newOffset == state->scrollOffset) return;
+  state->scrollOffset = newOffset;
+  UI_Invalidate();
+}
+
+float UI_MultiColumnTreeHeaderRow::GetScrollOffset() const {
+  AssertMainThread("UI_MultiColumnTreeHeaderRow::GetScrollOffset");
+  return state->scrollOffset;
 }
 
 void UI_MultiColumnTreeHeaderRow::ShowSortIndicator(bool isShown) {
   AssertMainThread("UI_MultiColumnTreeHeaderRow::ShowSortIndicator");
+  if (isShown == state->isSortIndicatorShown) return;
   state->isSortIndicatorShown = isShown;
+  UI_Invalidate();
 }
 
 bool UI_MultiColumnTreeHeaderRow::IsSortIndicatorShown() const {
   AssertMainThread("UI_MultiColumnTreeHeaderRow::IsSortIndicatorShown");
   return state->isSortIndicatorShown;
+}
+
+void UI_MultiColumnTreeHeaderRow::UI_Draw(Drawbot& drawbot) {
+  AssertMainThread("UI_MultiColumnTreeHeaderRow::UI_Draw");
+  const Rect bounds = UI_GetBounds();
+  const float inset = GetStyleResource().textInset;
+  drawbot.FillRect({0, 0, bounds.width, bounds.height}, standalone::GetThemeColors().headerBackground);
+  float left = -state->scrollOffset;
+  for (const Column& column : state->columns) {
+    const Rect place{left, 0, column.width, bounds.height};
+    left += column.width;
+    const bool isInView = column.width > 0 && left > 0 && place.left < bounds.width;
+    if (isInView) DrawColumn(drawbot, column.text, place, inset);
+  }
+}
+
+void UI_MultiColumnTreeHeaderRow::SetColumnMoveCursor(bool isMoving) {
+  AssertMainThread("UI_MultiColumnTreeHeaderRow::SetColumnMoveCursor");
+  if (isMoving == state->hasMoveCursor) return;
+  state->hasMoveCursor = isMoving;
+  UI_Invalidate();
+}
+
+bool UI_MultiColumnTreeHeaderRow::HasColumnMoveCursor() const {
+  AssertMainThread("UI_MultiColumnTreeHeaderRow::HasColumnMoveCursor");
+  return state->hasMoveCursor;
+}
+
+utility::StyleResource UI_MultiColumnTreeHeaderRow::GetStyleResource() const {
+  AssertMainThread("UI_MultiColumnTreeHeaderRow::GetStyleResource");
+  return utility::GetResourceManager().GetResource(utility::kHeaderRowStyle, utility::kPlainHeaderRow);
 }
 
 }  // namespace qelui::controls

@@ -19,7 +19,9 @@ UI_Node::~UI_Node() = default;
 
 void UI_Node::UI_SetEnabled(bool enabled) {
   standalone::AssertMainThread("UI_Node::UI_SetEnabled");
+  if (enabled == isEnabled) return;
   isEnabled = enabled;
+  UI_Invalidate();
 }
 
 bool UI_Node::UI_IsEnabled() const {
@@ -29,9 +31,11 @@ bool UI_Node::UI_IsEnabled() const {
 
 void UI_Node::UI_SetBounds(const Rect& newBounds) {
   standalone::AssertMainThread("UI_Node::UI_SetBounds");
+  const Rect before = bounds;
   bounds = newBounds;
   bounds.width = std::max(newBounds.width, 0.0F);
   bounds.height = std::max(newBounds.height, 0.0F);
+  if (bounds != before) UI_Invalidate();
 }
 
 Rect UI_Node::UI_GetBounds() const {
@@ -41,8 +45,10 @@ Rect UI_Node::UI_GetBounds() const {
 
 void UI_Node::UI_SetToolTip(const qelcore::UTF8String& text, std::uint32_t maximumWidth) {
   standalone::AssertMainThread("UI_Node::UI_SetToolTip");
+  if (text == toolTip && maximumWidth == toolTipWidth) return;
   toolTip = text;
   toolTipWidth = maximumWidth;
+  UI_Invalidate();
 }
 
 const qelcore::UTF8String& UI_Node::UI_GetToolTip() const {
@@ -53,6 +59,18 @@ const qelcore::UTF8String& UI_Node::UI_GetToolTip() const {
 std::uint32_t UI_Node::UI_GetToolTipWidth() const {
   standalone::AssertMainThread("UI_Node::UI_GetToolTipWidth");
   return toolTipWidth;
+}
+
+void UI_Node::UI_Invalidate() {
+  standalone::AssertMainThread("UI_Node::UI_Invalidate");
+  // Held, since the watcher may set another one, or let go of the control.
+  const std::function<void()> held = watcher;
+  if (held) held();
+}
+
+void UI_Node::UI_SetWatcher(std::function<void()> newWatcher) {
+  standalone::AssertMainThread("UI_Node::UI_SetWatcher");
+  watcher = std::move(newWatcher);
 }
 
 void UI_Node::DeleteSelf() noexcept {
@@ -68,6 +86,10 @@ void UI_Node::DeleteSelf() noexcept {
 
 UI_SubView::UI_SubView() = default;
 UI_SubView::~UI_SubView() = default;
+
+void UI_SubView::UI_Draw(Drawbot&) {
+  standalone::AssertMainThread("UI_SubView::UI_Draw");
+}
 
 bool UI_SubView::UI_DoMouseEvent(const MouseEvent&) {
   standalone::AssertMainThread("UI_SubView::UI_DoMouseEvent");

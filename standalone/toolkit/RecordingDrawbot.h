@@ -15,19 +15,27 @@ class STANDALONE_API RecordingDrawbot final : public qelui::Drawbot {
     qelui::Rect area;
     qelui::ColorRGBA color;
   };
+  struct Stroke {
+    qelui::Rect area;
+    qelui::ColorRGBA color;
+    float lineWidth;
+  };
 
   /// In the order drawn, since the last Clear. A line's ellipsis is not kept.
   const std::vector<qelui::TextLine>& GetTextLines() const noexcept { return textLines; }
   const std::vector<Fill>& GetFills() const noexcept { return fills; }
+  const std::vector<Stroke>& GetStrokes() const noexcept { return strokes; }
   /// Forgets what was drawn, keeping the room for as much.
   void Clear() noexcept;
 
   void FillRect(const qelui::Rect& area, const qelui::ColorRGBA& color) override;
+  void StrokeRect(const qelui::Rect& area, const qelui::ColorRGBA& color, float lineWidth) override;
   void DrawTextLine(const qelui::TextLine& line) override;
 
  private:
   std::vector<qelui::TextLine> textLines;
   std::vector<Fill> fills;
+  std::vector<Stroke> strokes;
 };
 
 }  // namespace standalone

@@ -6,11 +6,21 @@
 namespace standalone {
 
 namespace {
+
 constexpr float kLeastHeight = 1;
+
+/// Not a number counts as the least, too.
+float Limit(float rowHeight) noexcept {
+  return rowHeight >= kLeastHeight ? rowHeight : kLeastHeight;
+}
+
 }  // namespace
 
-RowLayout::RowLayout(float rowHeight) noexcept
-    : rowHeight(rowHeight >= kLeastHeight ? rowHeight : kLeastHeight) {}
+RowLayout::RowLayout(float rowHeight) noexcept : rowHeight(Limit(rowHeight)) {}
+
+void RowLayout::SetRowHeight(float newHeight) noexcept {
+  rowHeight = Limit(newHeight);
+}
 
 void RowLayout::Append(bool isHidden) {
   if (isHidden) hidden.push_back(count);
@@ -26,6 +36,11 @@ void RowLayout::Clear() noexcept {
 std::int64_t RowLayout::GetTop(std::size_t position) const {
   const auto hiddenBefore = std::ranges::lower_bound(hidden, position) - hidden.begin();
   return GetTopOfShown(position - static_cast<std::size_t>(hiddenBefore));
+}
+
+std::optional<std::size_t> RowLayout::FindPositionAt(std::int64_t y) const {
+  if (y < 0 || y >= GetHeight()) return std::nullopt;
+  return GetPositionOfShown(FindShownAt(y));
 }
 
 std::vector<std::size_t> RowLayout::GetPositionsBetween(std::int64_t top, std::int64_t bottom) const {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "standalone/runtime/StandaloneAPI.h"
@@ -16,6 +17,10 @@ class STANDALONE_API RowLayout {
   /// A height below one pixel counts as one pixel.
   explicit RowLayout(float rowHeight) noexcept;
 
+  /// As for the constructor. Tops change; positions do not.
+  void SetRowHeight(float newHeight) noexcept;
+  float GetRowHeight() const noexcept { return static_cast<float>(rowHeight); }
+
   /// Adds a row at the end; a hidden one takes no room. The row is not laid out before Update.
   void Append(bool isHidden);
   /// Lays out the rows appended so far.
@@ -26,6 +31,8 @@ class STANDALONE_API RowLayout {
   std::int64_t GetTop(std::size_t position) const;
   /// The height of all rows laid out.
   std::int64_t GetHeight() const noexcept { return GetTopOfShown(shownCount); }
+  /// The row that covers the height `y`, or none.
+  std::optional<std::size_t> FindPositionAt(std::int64_t y) const;
   /// The positions of the rows of which at least a pixel lies in [top, bottom), in order.
   std::vector<std::size_t> GetPositionsBetween(std::int64_t top, std::int64_t bottom) const;
 

@@ -1,6 +1,7 @@
 #include "host/UIF/TabView.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "standalone/runtime/Runtime.h"
 
@@ -21,6 +22,7 @@ void ViewBase::SetBounds(const qelui::Rect& newBounds) {
 class TabView::State {
  public:
   qelcore::UTF8String name;
+  std::function<void()> nameWatcher;
   std::vector<qelcore::Ref<qelui::ui::UI_SubView>> children;
   std::shared_ptr<WorkspaceFrame> frame;
   bool hasChildViews = false;
@@ -39,9 +41,22 @@ void TabView::Create(std::string_view, const qelcore::UTF8String& title,
   CreateContentsSelf();
 }
 
+void TabView::Resize(const qelui::Rect& newBounds) {
+  AssertMainThread("TabView::Resize");
+  SetBounds(newBounds);
+  LayoutSelf(GetBounds());
+}
+
 void TabView::SetName(const qelcore::UTF8String& title) {
   AssertMainThread("TabView::SetName");
   state->name = title;
+  // A copy: it may be replaced while it is called.
+  if (const auto watcher = state->nameWatcher) watcher();
+}
+
+void TabView::SetNameWatcher(std::function<void()> watcher) {
+  AssertMainThread("TabView::SetNameWatcher");
+  state->nameWatcher = std::move(watcher);
 }
 
 const qelcore::UTF8String& TabView::GetName() const noexcept {
@@ -67,6 +82,13 @@ void TabView::EnableDoubleBuffering(bool isEnabled) {
   state->isDoubleBuffered = isEnabled;
 }
 
+void TabView::DrawBackground(qelui::Drawbot&) {}
+
+std::string_view TabView::GetWingMenuID() const {
+  return {};
+}
+
+void TabView::LayoutSelf(const qelui::Rect&) {}
 void TabView::CreateContentsSelf() {}
 
 }  // namespace UIF

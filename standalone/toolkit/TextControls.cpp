@@ -25,6 +25,7 @@ void UI_TextEdit::Type(const qelcore::UTF8String& text) {
   AssertMainThread("UI_TextEdit::Type");
   if (!UI_IsEnabled()) return;
   state->text = text;
+  UI_Invalidate();
   BroadcastChangedInteractively(UI_TextChangedMessage());
 }
 

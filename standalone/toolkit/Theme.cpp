@@ -1,6 +1,7 @@
 #include "host/qelui/Theme.h"
 
 #include "standalone/runtime/Runtime.h"
+#include "standalone/toolkit/ThemeColors.h"
 
 namespace qelui {
 
@@ -9,11 +10,20 @@ namespace {
 constexpr std::uint32_t kPlainTextFont = 0;
 constexpr const char* kPlainTextFontName = "Sans";
 
-/// Light text on dark panels, as rooms for editing have it.
-class DarkTheme final : public ui::ThemeProvider {
+class ColorsProvider final : public ui::ThemeProvider {
  public:
-  ColorRGBA GetTextColor() const override { return {0.82F, 0.82F, 0.82F, 1}; }
+  explicit ColorsProvider(const standalone::ThemeColors& colors) noexcept : colors(colors) {}
+  ColorRGBA GetTextColor() const override { return colors.text; }
+  ColorRGBA GetDividerColor() const override { return colors.divider; }
+  ColorRGBA GetTabBackgroundColor() const override { return colors.tabBackground; }
+
+ private:
+  standalone::ThemeColors colors;
 };
+
+std::shared_ptr<const ui::ThemeProvider> MakeProvider(standalone::ThemeName name) {
+  return std::make_shared<const ColorsProvider>(standalone::GetColorsOfTheme(name));
+}
 
 }  // namespace
 
@@ -24,8 +34,9 @@ ThemeProvider::~ThemeProvider() = default;
 
 std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider() {
   standalone::AssertMainThread("GetDefaultThemeProvider");
-  static const auto theme = std::make_shared<const DarkTheme>();
-  return theme;
+  static const auto dark = MakeProvider(standalone::ThemeName::kDark);
+  static const auto light = MakeProvider(standalone::ThemeName::kLight);
+  return standalone::GetTheme() == standalone::ThemeName::kLight ? light : dark;
 }
 
 qelcore::UTF8String GetFontName(std::uint32_t number) {
@@ -52,6 +63,14 @@ namespace skins::utilities {
 
 ColorRGBA GetDefaultTextColor(const ui::ThemeProvider& theme) {
   return theme.GetTextColor();
+}
+
+ColorRGBA GetDividerColor(const ui::ThemeProvider& theme) {
+  return theme.GetDividerColor();
+}
+
+ColorRGBA GetTabBackgroundColor(const ui::ThemeProvider& theme) {
+  return theme.GetTabBackgroundColor();
 }
 
 }  // namespace skins::utilities

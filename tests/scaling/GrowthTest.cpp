@@ -9,6 +9,9 @@
 #include <string_view>
 #include <utility>
 
+#include "host/qelui/Drawbot.h"
+#include "host/qelui/MultiColumnTree.h"
+#include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "scaling/AllocationWatch.h"
 #include "scaling/HostCallCounts.h"
 #include "scaling/LongDocument.h"
@@ -20,6 +23,8 @@
 #include "standalone/import/TimelineReader.h"
 #include "standalone/model/ProjectModel.h"
 #include "standalone/runtime/Runtime.h"
+#include "standalone/toolkit/RecordingDrawbot.h"
+#include "support/Drafts.h"
 #include "support/Process.h"
 
 /// Eight times the clips take no more than eight times the memory and the calls, at every stage from
@@ -181,6 +186,60 @@ TEST_F(Growth, ATableIsLaidOutOnceAndItsSequenceVisitedAsOftenHoweverLongItIs) {
   EXPECT_EQ(shorter.at("LayoutAfterAppendRow"), 1U);
   EXPECT_EQ(longer.at("LayoutAfterAppendRow"), 1U);
   EXPECT_EQ(longer.at("VisitSequence"), shorter.at("VisitSequence"));
+}
+
+/// What it takes to draw what a viewport shows.
+struct ViewportCost {
+  Allocations allocations;
+  scaling::HostCallCounts calls;
+  std::size_t texts = 0;
+};
+
+void DrawVisibleCells(const qelui::controls::UI_MultiColumnTree& tree, qelui::Drawbot& drawbot) {
+  const std::size_t columns = tree.GetHeaderRow()->GetCountOfColumns();
+  for (auto* const row : tree.GetVisibleRows()) {
+    for (std::size_t i = 0; i < columns; ++i) tree.DrawCellOfRow(drawbot, row, i, {0, 0, 100, 18});
+  }
+}
+
+/// Clips that differ in their times only: row by row the same, however many there are.
+DocumentDraft MakeEvenDocument(std::size_t clips) {
+  auto sequence = drafts::MakeSequence("Even");
+  auto& track = drafts::AddTrack(sequence);
+  for (std::int64_t i = 0; i < static_cast<std::int64_t>(clips); ++i) {
+    auto& clip = drafts::AddClip(track, "Shot", i * 10, i * 10 + 10);
+    drafts::AddEffect(clip, "Blur");
+  }
+  return drafts::MakeDocument(std::move(sequence));
+}
+
+ViewportCost MeasureViewport(std::size_t clips) {
+  constexpr std::size_t kTopRow = 500;
+  IndexSession session;
+  standalone::SetUpPanel(session, ShowEverything());
+  session.ShowDocument(MakeEvenDocument(clips));
+  auto& tree = session.GetTree();
+  tree.UI_SetBounds({0, 0, 2000, 400});
+  tree.ScrollRowIntoView(tree.GetRow(kTopRow), true, true, true);
+  standalone::RecordingDrawbot drawbot;
+  // Once for the room in the recording.
+  DrawVisibleCells(tree, drawbot);
+  drawbot.Clear();
+  const scaling::HostCallCounts before = scaling::GetHostCallCounts();
+  const scaling::AllocationWatch watch;
+  DrawVisibleCells(tree, drawbot);
+  ViewportCost cost{watch.Take(), scaling::GetHostCallCounts(), drawbot.GetTextLines().size()};
+  for (auto& [name, count] : cost.calls) count -= before.at(name);
+  return cost;
+}
+
+TEST_F(Growth, DrawingAViewportCostsTheSameHoweverLongTheTableIs) {
+  const ViewportCost shorter = MeasureViewport(1000);
+  const ViewportCost longer = MeasureViewport(100000);
+  EXPECT_GT(shorter.texts, 0U);
+  EXPECT_GT(shorter.calls.at("GetRowIndex"), 0U);
+  EXPECT_EQ(longer.calls, shorter.calls);
+  EXPECT_EQ(longer.allocations.count, shorter.allocations.count);
 }
 
 }  // namespace

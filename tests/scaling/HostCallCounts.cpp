@@ -11,6 +11,7 @@
 #include "host/MZ/Sequences.h"
 #include "host/ZSL/Timecode.h"
 #include "host/qelui/MultiColumnTree.h"
+#include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "support/HostCalls.h"
 
 namespace {
@@ -35,6 +36,8 @@ enum class Call : std::size_t {
   kTimecodeText,
   kCreateAndAppendRow,
   kLayoutAfterAppendRow,
+  kGetRowIndex,
+  kGetColumnAt,
   kCount,
 };
 
@@ -58,6 +61,8 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(Call::kCount)> k
     "Timecode text",
     "CreateAndAppendRow",
     "LayoutAfterAppendRow",
+    "GetRowIndex",
+    "GetColumnAt",
 };
 
 std::array<std::atomic<std::uint64_t>, kNames.size()> counts;
@@ -251,6 +256,22 @@ void UI_MultiColumnTree::LayoutAfterAppendRow() {
   static const auto real =
       Real<Function>("_ZN5qelui8controls18UI_MultiColumnTree20LayoutAfterAppendRowEv");
   real(this);
+}
+
+std::size_t UI_MultiColumnTree::GetRowIndex(const Row* row) const {
+  Count(Call::kGetRowIndex);
+  using Function = std::size_t (*)(const UI_MultiColumnTree*, const Row*);
+  static const auto real = Real<Function>(
+      "_ZNK5qelui8controls18UI_MultiColumnTree11GetRowIndexEPKNS0_21UI_MultiColumnTreeRowE");
+  return real(this, row);
+}
+
+std::uint32_t UI_MultiColumnTreeHeaderRow::GetColumnAt(std::size_t displayIndex) const {
+  Count(Call::kGetColumnAt);
+  using Function = std::uint32_t (*)(const UI_MultiColumnTreeHeaderRow*, std::size_t);
+  static const auto real =
+      Real<Function>("_ZNK5qelui8controls27UI_MultiColumnTreeHeaderRow11GetColumnAtEm");
+  return real(this, displayIndex);
 }
 
 }  // namespace qelui::controls

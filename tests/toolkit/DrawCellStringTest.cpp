@@ -25,6 +25,7 @@ constexpr float kCentre = 12;
 class WatchingDrawbot final : public qelui::Drawbot {
  public:
   void FillRect(const Rect&, const ColorRGBA&) override { ++fillCount; }
+  void StrokeRect(const Rect&, const ColorRGBA&, float) override { ++fillCount; }
   void DrawTextLine(const TextLine& line) override {
     lines.push_back(line);
     ellipses.emplace_back(line.ellipsis);

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <utility>
 #include <vector>
 
 #include "host/qelcore/Exceptions.h"
@@ -130,6 +132,48 @@ TEST_F(HeaderRow, UsersMoveNothingUnlessAllowed) {
   EXPECT_FALSE(header->MoveColumnByUser(1, 2));
 }
 
+TEST_F(HeaderRow, UsersResizeTheColumnAtADisplayIndex) {
+  AppendThreeColumns();
+  header->SetAllowColumnMovingByUser(kIsAllowed, !kIsIncludingFirst);
+  header->MoveColumnByUser(1, 3);
+  header->ResizeColumnByUser(1, 62.5F);
+  EXPECT_EQ(header->GetColumnWidth(12), 62.5F);
+  EXPECT_EQ(header->GetColumnWidth(11), 100);
+}
+
+TEST_F(HeaderRow, UsersMakeNoColumnNarrowerThanTheNarrowest) {
+  AppendThreeColumns();
+  for (const float width : {3.0F, 0.0F, -50.0F, std::numeric_limits<float>::quiet_NaN()}) {
+    header->ResizeColumnByUser(2, width);
+    EXPECT_EQ(header->GetColumnWidth(12), UI_MultiColumnTreeHeaderRow::kNarrowestColumn);
+  }
+}
+
+TEST_F(HeaderRow, UsersResizeNeitherTheHierarchyColumnNorOneThatIsNotThere) {
+  AppendThreeColumns();
+  header->SetColumnWidth(kHierarchy, 0);
+  header->ResizeColumnByUser(0, 50);
+  header->ResizeColumnByUser(4, 50);
+  EXPECT_EQ(header->GetColumnWidth(kHierarchy), 0);
+  for (const std::uint32_t id : {11U, 12U, 13U}) EXPECT_EQ(header->GetColumnWidth(id), 100);
+}
+
+TEST_F(HeaderRow, IsScrolledByAsManyPixelsAsGivenAndNeverToTheLeftOfItsBeginning) {
+  EXPECT_EQ(header->GetScrollOffset(), 0);
+  header->SetScrollOffset(30.5F);
+  EXPECT_EQ(header->GetScrollOffset(), 30.5F);
+  header->SetScrollOffset(-3);
+  EXPECT_EQ(header->GetScrollOffset(), 0);
+}
+
+TEST_F(HeaderRow, ThePointerShowsThatAColumnIsDragged) {
+  EXPECT_FALSE(header->HasColumnMoveCursor());
+  header->SetColumnMoveCursor(true);
+  EXPECT_TRUE(header->HasColumnMoveCursor());
+  header->SetColumnMoveCursor(false);
+  EXPECT_FALSE(header->HasColumnMoveCursor());
+}
+
 TEST_F(HeaderRow, HidesTheSortIndicator) {
   header->ShowSortIndicator(false);
   EXPECT_FALSE(header->IsSortIndicatorShown());
@@ -137,11 +181,68 @@ TEST_F(HeaderRow, HidesTheSortIndicator) {
   EXPECT_TRUE(header->IsSortIndicatorShown());
 }
 
+class HeaderRowChanges : public HeaderRow {
+ protected:
+  HeaderRowChanges() {
+    AppendThreeColumns();
+    header->SetAllowColumnMovingByUser(kIsAllowed, !kIsIncludingFirst);
+    header->UI_SetWatcher([this] { ++count; });
+  }
+  /// How often the header row asked to be drawn anew since the last call.
+  int TakeCount() { return std::exchange(count, 0); }
+
+ private:
+  int count = 0;
+};
+
+TEST_F(HeaderRowChanges, EachHasItDrawnAnew) {
+  header->AppendColumn(UTF8String("Track"), 14);
+  EXPECT_EQ(TakeCount(), 1);
+  header->RemoveColumn(14);
+  EXPECT_EQ(TakeCount(), 1);
+  header->SetColumnName(12, UTF8String("In"));
+  EXPECT_EQ(TakeCount(), 1);
+  header->SetColumnWidth(12, 70);
+  EXPECT_EQ(TakeCount(), 1);
+  header->MoveColumnByUser(1, 2);
+  EXPECT_EQ(TakeCount(), 1);
+  header->ResizeColumnByUser(1, 80);
+  EXPECT_EQ(TakeCount(), 1);
+  header->SetScrollOffset(5);
+  EXPECT_EQ(TakeCount(), 1);
+  header->ShowSortIndicator(false);
+  EXPECT_EQ(TakeCount(), 1);
+  header->SetColumnMoveCursor(true);
+  EXPECT_EQ(TakeCount(), 1);
+}
+
+TEST_F(HeaderRowChanges, WhatIsAsItWasIsNone) {
+  header->RemoveColumn(99);
+  header->RemoveColumn(kHierarchy);
+  header->SetColumnName(12, UTF8String("Start"));
+  header->SetColumnWidth(12, 100);
+  header->SetColumnWidth(99, 70);
+  header->MoveColumnByUser(0, 2);
+  header->ResizeColumnByUser(0, 80);
+  header->SetScrollOffset(0);
+  header->ShowSortIndicator(true);
+  header->SetColumnMoveCursor(false);
+  EXPECT_EQ(TakeCount(), 0);
+}
+
 TEST_F(HeaderRow, OperationsStopOffTheMainThread) {
   EXPECT_STOPS_OFF_MAIN_THREAD(header->GetCountOfColumns(),
                                "UI_MultiColumnTreeHeaderRow::GetCountOfColumns");
   EXPECT_STOPS_OFF_MAIN_THREAD(header->AppendColumn({}, 5),
                                "UI_MultiColumnTreeHeaderRow::AppendColumn");
+  EXPECT_STOPS_OFF_MAIN_THREAD(header->ResizeColumnByUser(1, 50),
+                               "UI_MultiColumnTreeHeaderRow::ResizeColumnByUser");
+  EXPECT_STOPS_OFF_MAIN_THREAD(header->SetScrollOffset(5),
+                               "UI_MultiColumnTreeHeaderRow::SetScrollOffset");
+  EXPECT_STOPS_OFF_MAIN_THREAD(header->SetColumnMoveCursor(true),
+                               "UI_MultiColumnTreeHeaderRow::SetColumnMoveCursor");
+  EXPECT_STOPS_OFF_MAIN_THREAD(header->GetStyleResource(),
+                               "UI_MultiColumnTreeHeaderRow::GetStyleResource");
   EXPECT_STOPS_OFF_MAIN_THREAD(header->GetColumnAt(0), "UI_MultiColumnTreeHeaderRow::GetColumnAt");
 }
 

@@ -20,13 +20,15 @@ using testing::IsEmpty;
 constexpr unsigned kPlain = 0;
 constexpr bool kIsVisible = true;
 constexpr bool kIsDeferred = true;
+/// Of a plain header row.
+constexpr float kHeaderHeight = 24;
 
-/// A table of ten-pixel rows, 100 pixels high, of which the header row takes 20.
+/// A table of ten-pixel rows, eighty pixels of which show below its header row.
 class MultiColumnTree : public testing::Test {
  protected:
   MultiColumnTree() {
     tree->SetHeaderRow(Ref(new UI_MultiColumnTreeHeaderRow(tree.Get())));
-    tree->UI_SetBounds({0, 0, 300, 100});
+    tree->UI_SetBounds({0, 0, 300, kHeaderHeight + 80});
   }
 
   void Append(std::size_t count) {
@@ -65,8 +67,21 @@ TEST_F(MultiColumnTree, ShowsRowsInTheRoomBelowItsHeaderRow) {
   EXPECT_THAT(GetVisiblePositions(), ElementsAre(0, 1, 2, 3, 4, 5, 6, 7));
 }
 
+class LowHeaderRow final : public UI_MultiColumnTreeHeaderRow {
+ public:
+  using UI_MultiColumnTreeHeaderRow::UI_MultiColumnTreeHeaderRow;
+  qelui::utility::StyleResource GetStyleResource() const override { return {.height = 4}; }
+};
+
+TEST_F(MultiColumnTree, AHeaderRowIsAsHighAsItsStyle) {
+  tree->SetHeaderRow(Ref(new LowHeaderRow(tree.Get())));
+  Fill(20);
+  EXPECT_EQ(GetVisiblePositions().size(), 10U);
+}
+
 TEST_F(MultiColumnTree, WithoutHeaderRowAllItsHeightShowsRows) {
   tree->SetHeaderRow({});
+  tree->UI_SetBounds({0, 0, 300, 100});
   Fill(20);
   EXPECT_EQ(GetVisiblePositions().size(), 10u);
 }
@@ -130,7 +145,7 @@ TEST_F(MultiColumnTree, TheScrollPositionStaysValidWhenRowsBecomeFewer) {
 TEST_F(MultiColumnTree, TheScrollPositionStaysValidWhenTheControlGrows) {
   Fill(20);
   ScrollToTop(12);
-  tree->UI_SetBounds({0, 0, 300, 170});
+  tree->UI_SetBounds({0, 0, 300, kHeaderHeight + 150});
   EXPECT_EQ(GetVisiblePositions().front(), 5u);
   EXPECT_EQ(GetVisiblePositions().back(), 19u);
 }
@@ -139,6 +154,51 @@ TEST_F(MultiColumnTree, AControlLowerThanItsHeaderShowsNoRow) {
   Fill(20);
   tree->UI_SetBounds({0, 0, 300, 15});
   EXPECT_THAT(GetVisiblePositions(), IsEmpty());
+}
+
+TEST_F(MultiColumnTree, AnotherRowHeightKeepsTheFirstVisibleRowAtTheTop) {
+  Fill(100);
+  ScrollToTop(40);
+  for (const float height : {25.0F, 7.3F, 4.0F, 40.0F, 10.0F}) {
+    tree->SetRowHeight(height);
+    EXPECT_EQ(tree->GetRowHeight(), height);
+    EXPECT_EQ(GetVisiblePositions().front(), 40U) << height;
+  }
+  EXPECT_EQ(GetVisiblePositions().size(), 8U);
+}
+
+TEST_F(MultiColumnTree, LowerRowsNeverLeaveRoomBelowTheLastOne) {
+  Fill(20);
+  ScrollToTop(12);
+  tree->SetRowHeight(5);
+  EXPECT_THAT(GetVisiblePositions(), testing::SizeIs(16));
+  EXPECT_EQ(GetVisiblePositions().back(), 19U);
+}
+
+TEST_F(MultiColumnTree, ARowIsVisibleWhereThatIsSoForPartOfIt) {
+  Fill(20);
+  tree->UI_SetBounds({0, 0, 300, kHeaderHeight + 45});
+  ScrollAsFarAsNeeded(9);  // From the middle of row 5 to the end of row 9.
+  for (std::size_t i = 0; i < 20; ++i) {
+    EXPECT_EQ(tree->IsRowVisible(tree->GetRow(i)), i >= 5 && i <= 9) << i;
+  }
+}
+
+TEST_F(MultiColumnTree, ARowIsNotVisibleBeforeItIsLaidOut) {
+  Append(1);
+  EXPECT_FALSE(tree->IsRowVisible(tree->GetRow(0)));
+  tree->LayoutAfterAppendRow();
+  EXPECT_TRUE(tree->IsRowVisible(tree->GetRow(0)));
+}
+
+TEST_F(MultiColumnTree, ARowThatTakesNoRoomIsNotVisible) {
+  auto* const row = tree->CreateAndAppendRow(nullptr, !kIsVisible, !kIsDeferred);
+  tree->CreateAndAppendRow(nullptr, kIsVisible, !kIsDeferred);
+  EXPECT_FALSE(tree->IsRowVisible(row));
+}
+
+TEST_F(MultiColumnTree, NullIsNoRowThatCouldBeVisible) {
+  EXPECT_THROW(tree->IsRowVisible(nullptr), qelcore::config::qel_exception);
 }
 
 TEST_F(MultiColumnTree, RemovedRowsAreGone) {
@@ -166,6 +226,8 @@ TEST_F(MultiColumnTree, OperationsStopOffTheMainThread) {
   EXPECT_STOPS_OFF_MAIN_THREAD(tree->GetRow(0), "UI_MultiColumnTree::GetRow");
   EXPECT_STOPS_OFF_MAIN_THREAD(tree->GetRowIndex(row), "UI_MultiColumnTree::GetRowIndex");
   EXPECT_STOPS_OFF_MAIN_THREAD(tree->GetVisibleRows(), "UI_MultiColumnTree::GetVisibleRows");
+  EXPECT_STOPS_OFF_MAIN_THREAD(tree->IsRowVisible(row), "UI_MultiColumnTree::IsRowVisible");
+  EXPECT_STOPS_OFF_MAIN_THREAD(tree->SetRowHeight(20), "UI_MultiColumnTree::SetRowHeight");
   EXPECT_STOPS_OFF_MAIN_THREAD(tree->RemoveAllRows(true, true), "UI_MultiColumnTree::RemoveAllRows");
   EXPECT_STOPS_OFF_MAIN_THREAD(Append(1), "UI_MultiColumnTree::CreateAndAppendRow");
   EXPECT_STOPS_OFF_MAIN_THREAD(tree->LayoutAfterAppendRow(),

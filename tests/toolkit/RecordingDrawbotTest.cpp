@@ -23,6 +23,7 @@ TEST(RecordingDrawbotTest, BeginsEmpty) {
   const RecordingDrawbot drawbot;
   EXPECT_TRUE(drawbot.GetTextLines().empty());
   EXPECT_TRUE(drawbot.GetFills().empty());
+  EXPECT_TRUE(drawbot.GetStrokes().empty());
 }
 
 TEST(RecordingDrawbotTest, KeepsLinesInTheOrderDrawnWithAllTheySay) {
@@ -49,6 +50,17 @@ TEST(RecordingDrawbotTest, KeepsFillsInTheOrderDrawn) {
   EXPECT_TRUE(drawbot.GetTextLines().empty());
 }
 
+TEST(RecordingDrawbotTest, KeepsOutlinesInTheOrderDrawn) {
+  RecordingDrawbot drawbot;
+  drawbot.StrokeRect({1, 2, 3, 4}, {1, 0, 0, 1}, 1);
+  drawbot.StrokeRect({5, 6, 7, 8}, {0, 0, 1, 0.5F}, 2.5F);
+  ASSERT_EQ(drawbot.GetStrokes().size(), 2U);
+  EXPECT_EQ(drawbot.GetStrokes()[0].area, (qelui::Rect{1, 2, 3, 4}));
+  EXPECT_EQ(drawbot.GetStrokes()[1].color, (qelui::ColorRGBA{0, 0, 1, 0.5F}));
+  EXPECT_EQ(drawbot.GetStrokes()[1].lineWidth, 2.5F);
+  EXPECT_TRUE(drawbot.GetFills().empty());
+}
+
 TEST(RecordingDrawbotTest, KeepsNoEllipsisThatIsOnlyLent) {
   RecordingDrawbot drawbot;
   {
@@ -64,9 +76,11 @@ TEST(RecordingDrawbotTest, ForgetsWhenCleared) {
   RecordingDrawbot drawbot;
   drawbot.DrawTextLine(MakeLine("one"));
   drawbot.FillRect({}, {});
+  drawbot.StrokeRect({}, {}, 1);
   drawbot.Clear();
   EXPECT_TRUE(drawbot.GetTextLines().empty());
   EXPECT_TRUE(drawbot.GetFills().empty());
+  EXPECT_TRUE(drawbot.GetStrokes().empty());
 }
 
 TEST(RecordingDrawbotTest, ATextIsKeptByCountingNotByCopying) {

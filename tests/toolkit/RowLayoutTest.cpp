@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -64,6 +65,42 @@ TEST(RowLayout, ClearedItHasNoRows) {
   EXPECT_THAT(layout.GetPositionsBetween(0, 100), IsEmpty());
 }
 
+TEST(RowLayout, ANewRowHeightMovesTopsAndNoPositions) {
+  RowLayout layout = MakeLayout(10, 5);
+  layout.SetRowHeight(47.5F);
+  EXPECT_EQ(layout.GetRowHeight(), 47.5F);
+  EXPECT_EQ(layout.GetTop(1), 48);
+  EXPECT_EQ(layout.GetHeight(), 238);
+  layout.SetRowHeight(0);
+  EXPECT_EQ(layout.GetRowHeight(), 1);
+  EXPECT_EQ(layout.GetHeight(), 5);
+}
+
+TEST(RowLayout, ARowIsFoundFromItsTopToJustAboveTheNextOne) {
+  const RowLayout layout = MakeLayout(47.5F, 3);
+  EXPECT_EQ(layout.FindPositionAt(0), 0U);
+  EXPECT_EQ(layout.FindPositionAt(47), 0U);
+  EXPECT_EQ(layout.FindPositionAt(48), 1U);
+  EXPECT_EQ(layout.FindPositionAt(94), 1U);
+  EXPECT_EQ(layout.FindPositionAt(95), 2U);
+  EXPECT_EQ(layout.FindPositionAt(142), 2U);
+}
+
+TEST(RowLayout, ThereIsNoRowAboveTheFirstAndBelowTheLast) {
+  const RowLayout layout = MakeLayout(10, 3);
+  EXPECT_EQ(layout.FindPositionAt(-1), std::nullopt);
+  EXPECT_EQ(layout.FindPositionAt(30), std::nullopt);
+  EXPECT_EQ(MakeLayout(10, 0).FindPositionAt(0), std::nullopt);
+}
+
+TEST(RowLayout, AHiddenRowIsNeverFound) {
+  RowLayout layout(10);
+  for (const bool isHidden : {true, false, true, true, false}) layout.Append(isHidden);
+  layout.Update();
+  EXPECT_EQ(layout.FindPositionAt(9), 1U);
+  EXPECT_EQ(layout.FindPositionAt(10), 4U);
+}
+
 /// The rows that show in [top, bottom), found by placing one row after the other.
 std::vector<std::size_t> FindNaively(const std::vector<bool>& hidden, double height, std::int64_t top,
                                      std::int64_t bottom) {
@@ -91,6 +128,9 @@ TEST(RowLayout, AgreesWithPlacingRowsOneByOne) {
     const std::int64_t top = random() % 1500;
     const std::int64_t bottom = top + random() % 300;
     ASSERT_EQ(layout.GetPositionsBetween(top, bottom), FindNaively(hidden, height, top, bottom))
+        << "round " << round;
+    const auto at = FindNaively(hidden, height, top, top + 1);
+    ASSERT_EQ(layout.FindPositionAt(top), at.empty() ? std::nullopt : std::optional(at.front()))
         << "round " << round;
   }
 }

@@ -10,6 +10,7 @@
 
 #include "host/qelui/Controls.h"
 #include "standalone/runtime/Runtime.h"
+#include "standalone/toolkit/RecordingDrawbot.h"
 #include "toolkit/OffMainThread.h"
 
 namespace {
@@ -30,14 +31,24 @@ class ProbeView final : public UIF::TabView {
   int contentsCreated = 0;
   std::string nameThen;
   Rect boundsThen;
+  std::vector<Rect> layouts;
 
  protected:
+  void LayoutSelf(const Rect& room) override {
+    EXPECT_EQ(room, GetBounds());
+    layouts.push_back(room);
+  }
   void CreateContentsSelf() override {
     ++contentsCreated;
     nameThen = GetName().View();
     boundsThen = GetBounds();
     if (isFailing) throw std::runtime_error("no contents");
   }
+};
+
+class PlainView final : public UIF::TabView {
+ public:
+  PlainView() : UIF::TabView(UIF::Application::Instance()) {}
 };
 
 class TabView : public testing::Test {
@@ -69,6 +80,23 @@ TEST_F(TabView, AFailureOfItsContentsLeavesCreate) {
   EXPECT_EQ(view->GetName(), "Title");
 }
 
+TEST_F(TabView, AnotherRoomIsTakenAndLaidOut) {
+  Create({5, 6, 700, 300});
+  EXPECT_TRUE(view->layouts.empty()) << "its contents are placed when they are created";
+  view->Resize({7, 8, 900, 400});
+  view->Resize({7, 8, -1, 20});
+  EXPECT_THAT(view->layouts, ElementsAre(Rect{7, 8, 900, 400}, Rect{7, 8, 0, 20}));
+}
+
+TEST_F(TabView, OneThatOverridesNothingHasNoLayoutNoBackgroundAndNoWingMenu) {
+  const auto plain = MakeShareable<PlainView>();
+  plain->Resize({0, 0, 10, 10});
+  standalone::RecordingDrawbot drawbot;
+  plain->DrawBackground(drawbot);
+  EXPECT_TRUE(drawbot.GetFills().empty());
+  EXPECT_TRUE(plain->GetWingMenuID().empty());
+}
+
 TEST_F(TabView, TakesANewName) {
   view->SetName(UTF8String("Sequence Index: Reel 1"));
   EXPECT_EQ(view->GetName(), "Sequence Index: Reel 1");
@@ -90,6 +118,7 @@ TEST_F(TabView, KeepsItsControlsInOrderUntilItGoes) {
 
 TEST_F(TabView, OperationsStopOffTheMainThread) {
   EXPECT_STOPS_OFF_MAIN_THREAD(Create({}), "TabView::Create");
+  EXPECT_STOPS_OFF_MAIN_THREAD(view->Resize({}), "TabView::Resize");
   EXPECT_STOPS_OFF_MAIN_THREAD(view->SetName({}), "TabView::SetName");
   EXPECT_STOPS_OFF_MAIN_THREAD(view->AddChildView({}), "TabView::AddChildView");
 }

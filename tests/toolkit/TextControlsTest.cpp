@@ -46,6 +46,13 @@ TEST_F(SearchBox, TypingIsAStepAndCommittingIsAChange) {
   EXPECT_THAT(notes, ElementsAre("step a", "step ab", "commit ab"));
 }
 
+TEST_F(SearchBox, TypingHasItDrawnAnew) {
+  int drawings = 0;
+  box->UI_SetWatcher([&] { ++drawings; });
+  box->Type(UTF8String("a"));
+  EXPECT_EQ(drawings, 1);
+}
+
 TEST_F(SearchBox, ADisabledOneTakesNothing) {
   box->UI_SetEnabled(false);
   box->Type(UTF8String("a"));

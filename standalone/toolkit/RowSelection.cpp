@@ -1,0 +1,75 @@
+#include "standalone/toolkit/RowSelection.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace standalone {
+
+namespace {
+
+constexpr std::size_t kWordBits = 64;
+constexpr std::uint64_t kAllBits = ~std::uint64_t{0};
+
+constexpr std::uint64_t MakeBit(std::size_t position) noexcept {
+  return std::uint64_t{1} << (position % kWordBits);
+}
+
+}  // namespace
+
+bool RowSelection::Contains(std::size_t position) const noexcept {
+  const std::size_t word = position / kWordBits;
+  return word < bits.size() && (bits[word] & MakeBit(position)) != 0;
+}
+
+std::vector<std::size_t> RowSelection::GetPositions() const {
+  std::vector<std::size_t> positions;
+  positions.reserve(count);
+  for (std::size_t word = 0; word < bits.size(); ++word) {
+    for (std::uint64_t left = bits[word]; left != 0; left &= left - 1) {
+      positions.push_back(word * kWordBits + static_cast<std::size_t>(std::countr_zero(left)));
+    }
+  }
+  return positions;
+}
+
+bool RowSelection::Add(std::size_t position) {
+  return AddRange(position, position + 1);
+}
+
+bool RowSelection::Remove(std::size_t position) {
+  if (!Contains(position)) return false;
+  bits[position / kWordBits] &= ~MakeBit(position);
+  --count;
+  while (!bits.empty() && bits.back() == 0) bits.pop_back();
+  return true;
+}
+
+bool RowSelection::AddRange(std::size_t first, std::size_t end) {
+  if (first >= end) return false;
+  const std::size_t firstWord = first / kWordBits;
+  const std::size_t lastWord = (end - 1) / kWordBits;
+  if (lastWord >= bits.size()) bits.resize(lastWord + 1);
+  const std::size_t before = count;
+  for (std::size_t word = firstWord; word <= lastWord; ++word) {
+    std::uint64_t added = kAllBits;
+    if (word == firstWord) added &= kAllBits << (first % kWordBits);
+    if (word == lastWord) added &= kAllBits >> (kWordBits - 1 - (end - 1) % kWordBits);
+    count += static_cast<std::size_t>(std::popcount(added & ~bits[word]));
+    bits[word] |= added;
+  }
+  return count != before;
+}
+
+bool RowSelection::Clear() noexcept {
+  const bool wasSelected = count != 0;
+  bits.clear();
+  count = 0;
+  return wasSelected;
+}
+
+bool operator==(const RowSelection& left, const RowSelection& right) {
+  // Words without a bit are never kept at the end, so equal sets have equal words.
+  return left.bits == right.bits;
+}
+
+}  // namespace standalone
