@@ -10,6 +10,7 @@ namespace standalone {
 StandaloneHost::StandaloneHost(Runtime::Setup setup) : runtime(std::move(setup)) {}
 
 StandaloneHost::~StandaloneHost() {
+  project.StopPlayback();
   ClosePanel();
   framework.DropHandlers();
   runtime.Drain();

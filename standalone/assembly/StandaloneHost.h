@@ -19,7 +19,7 @@ namespace standalone {
 class STANDALONE_API StandaloneHost {
  public:
   explicit StandaloneHost(Runtime::Setup setup = Runtime::Setup());
-  /// Closes the panel, drops handlers, and drains.
+  /// Stops playback, closes the panel, drops handlers, and drains.
   ~StandaloneHost();
   StandaloneHost(const StandaloneHost&) = delete;
   StandaloneHost& operator=(const StandaloneHost&) = delete;

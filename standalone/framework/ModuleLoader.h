@@ -26,8 +26,9 @@ class STANDALONE_API LoadedModule {
 
   /// Takes the library out of the process: drops the live handlers that its factories made and the
   /// module, drains pool and main queue until both are empty, purges expired listeners, withdraws the
-  /// recorded registrations, and releases the library. The caller has closed its panels before, and has
-  /// left nothing in a stand-in executor or in the wait for the end of a nested loop.
+  /// recorded registrations, and releases the library. The caller has closed its panels and stopped
+  /// playback before, and has left nothing in a stand-in executor or in the wait for the end of a
+  /// nested loop.
   /// Throws: qel_exception when the library is still mapped afterwards.
   void Unload();
 

@@ -1,4 +1,5 @@
 #include "host/BE/Model.h"
+#include "host/ML/Player.h"
 
 // The destructors are defined here so that each interface has one home for its type information.
 namespace BE {
@@ -24,3 +25,9 @@ IChildClip::~IChildClip() = default;
 IProjectItem::~IProjectItem() = default;
 
 }  // namespace BE
+
+namespace ML {
+
+IPlayer::~IPlayer() = default;
+
+}  // namespace ML

@@ -1,7 +1,9 @@
 #include <typeinfo>
 #include <utility>
+#include <vector>
 
 #include "host/BE/Messages.h"
+#include "host/ML/Player.h"
 #include "host/MZ/Messages.h"
 
 namespace {
@@ -28,6 +30,15 @@ TrackGroupChangedMessage::~TrackGroupChangedMessage() = default;
 
 }  // namespace BE
 
+namespace ML {
+
+PlayerPositionChangedMessage::PlayerPositionChangedMessage(PlayerMessageKind kind,
+                                                           qelmediatypes::TickTime position)
+    : Message(IDOf<MessageNameForPlayerPositionChangedMessage>()), kind(kind), position(position) {}
+PlayerPositionChangedMessage::~PlayerPositionChangedMessage() = default;
+
+}  // namespace ML
+
 namespace MZ {
 
 const qelcore::messaging::StationID kStation_Info("MZ::kStation_Info");
@@ -47,5 +58,9 @@ SequenceActivatedMessage::~SequenceActivatedMessage() = default;
 SequenceClosedMessage::SequenceClosedMessage(qelcore::Ref<BE::ISequence> sequence)
     : Message(IDOf<MessageNameForSequenceClosedMessage>()), sequence(std::move(sequence)) {}
 SequenceClosedMessage::~SequenceClosedMessage() = default;
+
+TrackItemActivationMessage::TrackItemActivationMessage(std::vector<ActivatedTrackItem> items)
+    : Message(IDOf<MessageNameForTrackItemActivationMessage>()), items(std::move(items)) {}
+TrackItemActivationMessage::~TrackItemActivationMessage() = default;
 
 }  // namespace MZ

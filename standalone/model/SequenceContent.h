@@ -48,6 +48,8 @@ class SequenceContent {
   qelmediatypes::TickTime audioFrameDuration;
   bool isDropFrame = false;
   TimeFormat timeFormat = TimeFormat::kTimecode;
+  /// Where the last clip ends; 0 without clips.
+  qelmediatypes::TickTime clipsEnd;
 
   mutable TrackGroupNode videoGroup;
   mutable TrackGroupNode audioGroup;

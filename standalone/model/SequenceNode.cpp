@@ -69,6 +69,14 @@ qelcore::Ref<SequenceContent> SequenceNode::Publish(qelcore::Ref<SequenceContent
   return next;
 }
 
+void SequenceNode::OpenPlayer() {
+  if (!player) {
+    player = qelcore::Ref<PlayerNode>(new PlayerNode);
+    player->SetEnd(GetContent()->clipsEnd);
+  }
+  player->Open();
+}
+
 qelcore::Ref<SequenceContent> FindContent(const qelcore::Ref<BE::ISequence>& sequence) {
   const auto* const node = qelcore::FindInterface<SequenceNode>(sequence.Get());
   return node == nullptr ? qelcore::Ref<SequenceContent>() : node->GetContent();

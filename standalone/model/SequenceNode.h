@@ -7,6 +7,7 @@
 #include "host/BE/Model.h"
 #include "host/qelcore/Messaging.h"
 #include "host/qelcore/Reference.h"
+#include "standalone/model/PlayerNode.h"
 #include "standalone/model/ProjectNode.h"
 #include "standalone/model/SequenceContent.h"
 #include "standalone/model/VisitableSequence.h"
@@ -37,6 +38,11 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// Publishes `next`; waits until nobody holds the read lock. Returns what was published before.
   /// Throws: qel_exception when the calling thread holds the read lock. [any-thread]
   qelcore::Ref<SequenceContent> Publish(qelcore::Ref<SequenceContent> next);
+
+  /// Opens the sequence's player, which is made when that happens first. [main-thread]
+  void OpenPlayer();
+  /// The player, or empty when the sequence was never opened. [main-thread]
+  const qelcore::Ref<PlayerNode>& GetPlayer() const noexcept { return player; }
 
   const qelcore::messaging::StationID& GetContentStation() const noexcept {
     return contentStation.station;
@@ -71,6 +77,7 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// Guards the pointer, not what it leads to.
   mutable std::mutex contentMutex;
   qelcore::Ref<SequenceContent> content;
+  qelcore::Ref<PlayerNode> player;
 };
 
 /// The content of a sequence that this host made, or empty.

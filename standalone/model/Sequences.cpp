@@ -1,6 +1,7 @@
 #include "host/MZ/Sequences.h"
 
 #include "standalone/model/ActiveProject.h"
+#include "standalone/model/PlayerNode.h"
 #include "standalone/model/SequenceNode.h"
 #include "standalone/runtime/Runtime.h"
 
@@ -44,6 +45,12 @@ Ref<BE::ISequence> GetActiveSequence() {
   standalone::AssertMainThread("MZ::GetActiveSequence");
   const auto* const model = standalone::FindProjectModel();
   return model == nullptr ? Ref<BE::ISequence>() : model->GetActiveSequence();
+}
+
+// There is one player a sequence, so no preference between several.
+Ref<ML::IPlayer> GetSequencePlayer(const Ref<BE::ISequence>& sequence, int /*playbackPreference*/) {
+  standalone::AssertMainThread("MZ::GetSequencePlayer");
+  return standalone::FindPlayer(sequence);
 }
 
 namespace SequenceUtils {

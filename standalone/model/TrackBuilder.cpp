@@ -23,8 +23,9 @@ TrackBuilder::TrackBuilder(SequenceContent& content, TextPool& texts)
 void TrackBuilder::Build(const TrackDraft& draft) {
   const bool isVideo = draft.kind == TrackKind::kVideo;
   TrackGroupNode& group = isVideo ? content.videoGroup : content.audioGroup;
-  track = &content.tracks.Add(content, group.GetIdentifier(), group.tracks.size(),
-                              draft.isDisabled || draft.isMuted);
+  track = &content.tracks.Add(
+      content, group.GetIdentifier(), group.tracks.size(),
+      TrackNode::Values{texts.Share(draft.name), draft.isDisabled || draft.isMuted, draft.isLocked});
   group.tracks.push_back(track);
   track->firstItem = content.items.Size();
   position = TickTime();
@@ -53,6 +54,7 @@ void TrackBuilder::AddClip(const TrackItemDraft& item) {
   TransitionNode* const tail = draft.tailTransition ? &BuildTransition(*draft.tailTransition) : nullptr;
   ClipNode& clip = clips.Build(draft, track->GetMediaType() == BE::kMediaType_Video, head, tail);
   content.items.Add(*track, BE::kTrackItemType_Clip, item.start, item.end, &clip);
+  content.clipsEnd = std::max(content.clipsEnd, item.end);
   lastTail = tail;
   if (tail == nullptr) return;
   lastTailDraft = &*draft.tailTransition;

@@ -1,10 +1,12 @@
 #include "standalone/model/TrackNodes.h"
 
+#include <utility>
+
 namespace standalone {
 
 TrackNode::TrackNode(const SequenceContent& content, BE::MediaType mediaType, std::uint64_t index,
-                     bool isDisabledOrMuted)
-    : ContentNode(content), mediaType(mediaType), index(index), isDisabledOrMuted(isDisabledOrMuted) {}
+                     Values values)
+    : ContentNode(content), mediaType(mediaType), index(index), values(std::move(values)) {}
 
 void* TrackNode::QueryInterface(qelcore::InterfaceID id) noexcept {
   return id == BE::ITrack::kInterfaceID ? static_cast<BE::ITrack*>(this) : nullptr;

@@ -13,11 +13,19 @@ namespace standalone {
 
 class TrackNode final : public ContentNode<BE::ITrack> {
  public:
+  struct Values {
+    /// As the file names it; empty: it does not.
+    qelcore::UTF8String name;
+    bool isDisabledOrMuted = false;
+    bool isLocked = false;
+  };
+
   TrackNode(const SequenceContent& content, BE::MediaType mediaType, std::uint64_t index,
-            bool isDisabledOrMuted);
+            Values values);
 
   void* QueryInterface(qelcore::InterfaceID id) noexcept override;
-  bool IsDisabledOrMuted() const override { return isDisabledOrMuted; }
+  bool IsDisabledOrMuted() const override { return values.isDisabledOrMuted; }
+  const Values& GetValues() const noexcept { return values; }
 
   const BE::MediaType& GetMediaType() const noexcept { return mediaType; }
   std::uint64_t GetIndex() const noexcept { return index; }
@@ -30,7 +38,7 @@ class TrackNode final : public ContentNode<BE::ITrack> {
  private:
   BE::MediaType mediaType;
   std::uint64_t index;
-  bool isDisabledOrMuted;
+  Values values;
 };
 
 class TrackGroupNode final : public ContentNode<BE::ITrackGroup> {

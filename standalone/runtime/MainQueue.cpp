@@ -186,6 +186,11 @@ bool MainQueue::WaitForWork(std::chrono::milliseconds limit) {
   }
 }
 
+std::optional<std::chrono::milliseconds> MainQueue::GetTimeUntilDue() {
+  AssertMainThread("MainQueue::GetTimeUntilDue");
+  return state->TimeUntilDue();
+}
+
 std::size_t MainQueue::CountWaiting() const {
   return state->CountWaiting();
 }

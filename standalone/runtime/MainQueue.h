@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "standalone/runtime/StandaloneAPI.h"
 
@@ -30,6 +31,10 @@ class STANDALONE_API MainQueue {
   /// Waits until a function is due or `limit` has passed; true when one is due.
   bool WaitForWork(std::chrono::milliseconds limit);
 
+  /// How long until a function is due that the current loop may run: 0 when one is, none when none
+  /// waits. Tells what the descriptor does not: when a delayed function is due. [main-thread]
+  std::optional<std::chrono::milliseconds> GetTimeUntilDue();
+
   /// Functions that wait, due or not.
   std::size_t CountWaiting() const;
   /// Whether a function waits, due or not, that the current loop may run.
@@ -38,7 +43,7 @@ class STANDALONE_API MainQueue {
   void DropAll();
 
   /// The descriptor that becomes readable when a function is posted, and stays so until RunOne,
-  /// RunUntilEmpty or WaitForWork finds nothing due.
+  /// RunUntilEmpty, WaitForWork or GetTimeUntilDue finds nothing due.
   int GetWakeDescriptor() const;
 
   /// Marks a nested event loop (menu, modal dialog) for its lifetime: only functions that allow it run.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -10,10 +11,13 @@
 #include <vector>
 
 #include "host/BE/Messages.h"
+#include "host/ML/Player.h"
 #include "host/MZ/Messages.h"
 #include "host/MZ/Sequences.h"
 #include "host/qelcore/Exceptions.h"
 #include "model/ModelFixture.h"
+#include "standalone/model/PlayerNode.h"
+#include "standalone/runtime/StationRegistry.h"
 
 namespace {
 
@@ -41,6 +45,9 @@ std::string Describe(const Message& message) {
   }
   if (dynamic_cast<const BE::TrackGroupChangedMessage*>(&message) != nullptr) return "tracks";
   if (dynamic_cast<const BE::ProjectClosedMessage*>(&message) != nullptr) return "project closed";
+  if (const auto* moved = dynamic_cast<const ML::PlayerPositionChangedMessage*>(&message)) {
+    return "kind " + std::to_string(static_cast<std::uint32_t>(moved->GetKind()));
+  }
   return "?";
 }
 
@@ -81,8 +88,22 @@ class ProjectModelTest : public testing::Test {
     Listen("groups", StationOf<BE::ISequenceTrackGroups>(sequence));
   }
 
+  void ListenToPlayer(const Ref<BE::ISequence>& sequence) {
+    Listen("player", standalone::FindPlayer(sequence)->GetStationID());
+  }
+
   Ref<BE::ISequence> Add(std::string_view name) {
     return project->AddDocument(drafts::MakeDocument(drafts::MakeSequence(name))).front();
+  }
+  /// A sequence of ten frames, opened.
+  Ref<BE::ISequence> AddOpened(std::string_view name) {
+    const auto added = project->AddDocument(drafts::MakeDocument(drafts::MakeOneClip(name))).front();
+    project->ActivateSequence(added);
+    TakeNotes();
+    return added;
+  }
+  std::size_t CountListeners(const StationID& station) {
+    return runtime.GetStations().CountListeners(station);
   }
   Notes TakeNotes() { return std::exchange(notes, {}); }
 
@@ -279,13 +300,295 @@ TEST_F(ProjectModelTest, TheStationsAreFreeAgainAfterTheProject) {
 
 TEST_F(ProjectModelTest, TheMessagesHaveDifferentIDs) {
   const Ref<BE::ISequence> none;
-  const std::vector ids{
-      BE::ProjectClosedMessage().GetID(),         BE::SequenceChangedMessage(none).GetID(),
-      BE::TrackGroupChangedMessage().GetID(),     MZ::SequenceOpenedMessage(none, true).GetID(),
-      MZ::SequenceActivatedMessage(none).GetID(), MZ::SequenceClosedMessage(none).GetID()};
+  const std::vector ids{BE::ProjectClosedMessage().GetID(),
+                        BE::SequenceChangedMessage(none).GetID(),
+                        BE::TrackGroupChangedMessage().GetID(),
+                        MZ::SequenceOpenedMessage(none, true).GetID(),
+                        MZ::SequenceActivatedMessage(none).GetID(),
+                        MZ::SequenceClosedMessage(none).GetID(),
+                        MZ::TrackItemActivationMessage({}).GetID(),
+                        ML::PlayerPositionChangedMessage(ML::PlayerMessageKind::kStarted, {}).GetID()};
   EXPECT_EQ(std::set(ids.begin(), ids.end()).size(), ids.size());
-  EXPECT_EQ(ids[0], qelcore::messaging::HashMessageTypeNameToMessageID(
-                        typeid(BE::MessageNameForProjectClosedMessage).name()));
+}
+
+template <typename Name>
+qelcore::messaging::MessageID IDOf() {
+  return qelcore::messaging::HashMessageTypeNameToMessageID(typeid(Name).name());
+}
+
+TEST_F(ProjectModelTest, AMessageIsKnownByTheTypeThatNamesIt) {
+  const Ref<BE::ISequence> none;
+  EXPECT_EQ(BE::ProjectClosedMessage().GetID(), IDOf<BE::MessageNameForProjectClosedMessage>());
+  EXPECT_EQ(BE::SequenceChangedMessage(none).GetID(), IDOf<BE::MessageNameForSequenceChangedMessage>());
+  EXPECT_EQ(BE::TrackGroupChangedMessage().GetID(), IDOf<BE::MessageNameForTrackGroupChangedMessage>());
+  EXPECT_EQ(MZ::SequenceOpenedMessage(none, true).GetID(),
+            IDOf<MZ::MessageNameForSequenceOpenedMessage>());
+  EXPECT_EQ(MZ::SequenceActivatedMessage(none).GetID(),
+            IDOf<MZ::MessageNameForSequenceActivatedMessage>());
+  EXPECT_EQ(MZ::SequenceClosedMessage(none).GetID(), IDOf<MZ::MessageNameForSequenceClosedMessage>());
+  EXPECT_EQ(MZ::TrackItemActivationMessage({}).GetID(),
+            IDOf<MZ::MessageNameForTrackItemActivationMessage>());
+  EXPECT_EQ(ML::PlayerPositionChangedMessage(ML::PlayerMessageKind::kStarted, {}).GetID(),
+            IDOf<ML::MessageNameForPlayerPositionChangedMessage>());
+}
+
+TEST_F(ProjectModelTest, APlayerMessageCarriesKindAndPosition) {
+  const ML::PlayerPositionChangedMessage message(ML::PlayerMessageKind::kPositionPlayed,
+                                                 drafts::Frame(-3));
+  EXPECT_EQ(message.GetKind(), ML::PlayerMessageKind::kPositionPlayed);
+  EXPECT_EQ(static_cast<std::uint32_t>(message.GetKind()), 5U);
+  EXPECT_EQ(static_cast<std::uint32_t>(ML::PlayerMessageKind::kPositionSet), 3U);
+  EXPECT_EQ(message.GetPosition(), drafts::Frame(-3));
+}
+
+TEST_F(ProjectModelTest, AnActivationOfTrackItemsCarriesEachWithItsSequence) {
+  const auto sequence = AddOpened("A");
+  const auto items = CollectItems(sequence);
+  ASSERT_FALSE(items.empty());
+  const MZ::TrackItemActivationMessage message({{items[0], sequence}, {}});
+  ASSERT_EQ(message.GetItems().size(), 2U);
+  EXPECT_EQ(message.GetItems()[0].trackItem, items[0]);
+  EXPECT_EQ(message.GetItems()[0].sequence, sequence);
+  EXPECT_FALSE(message.GetItems()[1].trackItem);
+}
+
+TEST_F(ProjectModelTest, ASequenceHasNoPlayerBeforeItsFirstOpening) {
+  const auto sequence = Add("A");
+  EXPECT_FALSE(MZ::GetSequencePlayer(sequence, 0));
+  EXPECT_FALSE(standalone::FindPlayer(sequence));
+  project->ReplaceSequence(sequence, drafts::MakeSequence("B"));
+  project->CloseSequence(sequence);
+  EXPECT_FALSE(MZ::GetSequencePlayer(sequence, 0));
+}
+
+TEST_F(ProjectModelTest, APlayerIsThereWhenTheOpeningIsAnnounced) {
+  class Asking final : public qelcore::messaging::Listener {
+   public:
+    void ReceiveMessage(const Message& message) override {
+      const auto& opened = dynamic_cast<const MZ::SequenceOpenedMessage&>(message);
+      player = MZ::GetSequencePlayer(opened.GetSequence(), 0);
+    }
+    Ref<ML::IPlayer> player;
+  };
+  const auto asking = std::make_shared<Asking>();
+  qelcore::messaging::AddWeakPtrListener(MZ::kStation_Info, asking);
+  const auto sequence = Add("A");
+  project->ActivateSequence(sequence);
+  ASSERT_TRUE(asking->player);
+  EXPECT_EQ(asking->player, MZ::GetSequencePlayer(sequence, 0));
+}
+
+TEST_F(ProjectModelTest, ASequenceKeepsItsPlayerForLife) {
+  const auto sequence = AddOpened("A");
+  const auto player = MZ::GetSequencePlayer(sequence, 0);
+  player->SetCurrentPosition(drafts::Frame(4));
+  project->ActivateSequence(sequence);
+  EXPECT_EQ(MZ::GetSequencePlayer(sequence, 0), player);
+  project->CloseSequence(sequence);
+  EXPECT_EQ(MZ::GetSequencePlayer(sequence, 0), player);
+  project->ActivateSequence(sequence);
+  EXPECT_EQ(MZ::GetSequencePlayer(sequence, 0), player);
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(4));
+}
+
+TEST_F(ProjectModelTest, EachSequenceHasAPlayerOfItsOwn) {
+  EXPECT_NE(standalone::FindPlayer(AddOpened("A")), standalone::FindPlayer(AddOpened("B")));
+}
+
+TEST_F(ProjectModelTest, ThePlayersStationLivesAsLongAsTheSequence) {
+  auto sequence = AddOpened("A");
+  const auto station = standalone::FindPlayer(sequence)->GetStationID();
+  project->CloseSequence(sequence);
+  EXPECT_TRUE(runtime.GetStations().IsRegistered(station));
+  ListenToPlayer(sequence);
+  EXPECT_EQ(CountListeners(station), 1U);
+  recorders.clear();
+  project.reset();
+  EXPECT_TRUE(runtime.GetStations().IsRegistered(station));
+  sequence.Reset();
+  EXPECT_FALSE(runtime.GetStations().IsRegistered(station));
+}
+
+TEST_F(ProjectModelTest, APlayerMayOutliveItsSequence) {
+  auto sequence = AddOpened("A");
+  const auto player = MZ::GetSequencePlayer(sequence, 0);
+  ListenToPlayer(sequence);
+  project.reset();
+  sequence.Reset();
+  TakeNotes();
+  player->SetCurrentPosition(drafts::Frame(-2));
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(-2));
+  EXPECT_EQ(TakeNotes(), (Notes{"player: kind 3"}));
+}
+
+TEST_F(ProjectModelTest, AReplacedSequenceKeepsPlayerAndPositionAndSaysNothingOfThem) {
+  const auto sequence = AddOpened("A");
+  const auto player = standalone::FindPlayer(sequence);
+  player->SetCurrentPosition(drafts::Frame(500));
+  player->Play(-1);
+  ListenToPlayer(sequence);
+  project->ReplaceSequence(sequence, drafts::MakeOneClip("A"));
+  EXPECT_EQ(TakeNotes(), Notes());
+  EXPECT_EQ(standalone::FindPlayer(sequence), player);
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(500));
+  EXPECT_TRUE(player->IsPlaying());
+}
+
+TEST_F(ProjectModelTest, PlaybackEndsWithTheLastClipOfAnyTrackNotWithTheFiller) {
+  auto draft = drafts::MakeSequence("A");
+  drafts::AddClip(drafts::AddTrack(draft), "short", 0, 10);
+  auto& longest = drafts::AddTrack(draft, standalone::TrackKind::kAudio);
+  drafts::AddClip(longest, "long", 0, 30);
+  drafts::AddGap(longest, 30, 90);
+  drafts::AddClip(drafts::AddTrack(draft), "late", 12, 20);
+  const auto sequence = project->AddDocument(drafts::MakeDocument(draft)).front();
+  project->ActivateSequence(sequence);
+  const auto player = standalone::FindPlayer(sequence);
+  player->Play(1);
+  player->Advance(drafts::Frame(1000));
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(30));
+  EXPECT_FALSE(player->IsPlaying());
+}
+
+TEST_F(ProjectModelTest, PlaybackEndsWhereTheContentPublishedNowEnds) {
+  const auto sequence = AddOpened("A");
+  const auto player = standalone::FindPlayer(sequence);
+  player->Play(1);
+  auto draft = drafts::MakeSequence("A");
+  drafts::AddClip(drafts::AddTrack(draft), "longer", 0, 25);
+  project->ReplaceSequence(sequence, draft);
+  player->Advance(drafts::Frame(1000));
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(25));
+  project->ReplaceSequence(sequence, drafts::MakeSequence("A"));
+  player->Play(1);
+  player->Advance(drafts::Frame(1));
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(25)) << "beyond the end nothing moves";
+  EXPECT_FALSE(player->IsPlaying());
+}
+
+TEST_F(ProjectModelTest, AContentPublishedBeforeTheFirstOpeningSaysWherePlaybackEnds) {
+  const auto sequence = Add("A");
+  project->ReplaceSequence(sequence, drafts::MakeOneClip("A"));
+  project->ActivateSequence(sequence);
+  const auto player = standalone::FindPlayer(sequence);
+  player->Play(1);
+  player->Advance(drafts::Frame(1000));
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(10));
+}
+
+TEST_F(ProjectModelTest, ClosingStopsPlaybackBeforeItIsAnnounced) {
+  const auto sequence = AddOpened("A");
+  const auto player = standalone::FindPlayer(sequence);
+  player->Play(1);
+  ListenToPlayer(sequence);
+  project->CloseSequence(sequence);
+  EXPECT_EQ(TakeNotes(), (Notes{"player: kind 2", "info: closed A", "activation: activated none"}));
+  player->Play(1);
+  EXPECT_FALSE(player->IsPlaying()) << "a closed sequence does not play";
+  project->ActivateSequence(sequence);
+  player->Play(1);
+  EXPECT_TRUE(player->IsPlaying());
+}
+
+TEST_F(ProjectModelTest, ClosingASequenceThatDoesNotPlaySaysNothingOfItsPlayer) {
+  const auto sequence = AddOpened("A");
+  ListenToPlayer(sequence);
+  project->CloseSequence(sequence);
+  EXPECT_EQ(TakeNotes(), (Notes{"info: closed A", "activation: activated none"}));
+}
+
+TEST_F(ProjectModelTest, TheEndOfTheProjectStopsPlaybackFirst) {
+  const auto sequence = AddOpened("A");
+  const auto player = standalone::FindPlayer(sequence);
+  player->Play(1);
+  ListenToPlayer(sequence);
+  project.reset();
+  EXPECT_EQ(TakeNotes(), (Notes{"player: kind 2", "project: project closed"}));
+  player->Play(1);
+  EXPECT_FALSE(player->IsPlaying());
+  runtime.Drain();
+}
+
+TEST_F(ProjectModelTest, AllPlaybackCanBeStopped) {
+  const auto first = standalone::FindPlayer(AddOpened("A"));
+  const auto second = standalone::FindPlayer(AddOpened("B"));
+  first->Play(1);
+  second->Play(-2);
+  project->StopPlayback();
+  EXPECT_FALSE(first->IsPlaying());
+  EXPECT_FALSE(second->IsPlaying());
+  first->Play(1);
+  EXPECT_TRUE(first->IsPlaying());
+}
+
+/// Does something to the project when a message comes.
+class Reacting final : public qelcore::messaging::Listener {
+ public:
+  explicit Reacting(std::function<void(const Message&)> react) : react(std::move(react)) {}
+  void ReceiveMessage(const Message& message) override { react(message); }
+
+ private:
+  std::function<void(const Message&)> react;
+};
+
+TEST_F(ProjectModelTest, AListenerMayCloseTheSequenceThatPlays) {
+  const auto sequence = AddOpened("A");
+  const auto player = standalone::FindPlayer(sequence);
+  ListenToPlayer(sequence);
+  const auto closing = std::make_shared<Reacting>([&](const Message& message) {
+    const auto& moved = dynamic_cast<const ML::PlayerPositionChangedMessage&>(message);
+    if (moved.GetKind() != ML::PlayerMessageKind::kStarted) project->CloseSequence(sequence);
+  });
+  qelcore::messaging::AddWeakPtrListener(player->GetStationID(), closing);
+  player->Play(1);
+  player->Advance(drafts::Frame(3));
+  EXPECT_EQ(TakeNotes(), (Notes{"player: kind 1", "player: kind 5", "player: kind 2", "info: closed A",
+                                "activation: activated none"}));
+  EXPECT_EQ(player->GetCurrentPosition(), drafts::Frame(3));
+  EXPECT_FALSE(player->IsPlaying());
+}
+
+TEST_F(ProjectModelTest, AListenerMayCloseTheSequenceThatWasJustOpened) {
+  const auto first = AddOpened("A");
+  const auto second = Add("B");
+  const auto closing = std::make_shared<Reacting>([&](const Message& message) {
+    if (dynamic_cast<const MZ::SequenceOpenedMessage*>(&message) != nullptr) {
+      project->CloseSequence(second);
+    }
+  });
+  qelcore::messaging::AddWeakPtrListener(MZ::kStation_Info, closing);
+  project->ActivateSequence(second);
+  EXPECT_EQ(TakeNotes(), (Notes{"info: opened B shown", "info: closed B", "activation: activated A"}));
+  EXPECT_EQ(project->GetActiveSequence(), first);
+}
+
+TEST_F(ProjectModelTest, AListenerMayActivateAgainWhatIsBeingClosed) {
+  const auto sequence = AddOpened("A");
+  const auto player = standalone::FindPlayer(sequence);
+  const auto activating =
+      std::make_shared<Reacting>([&](const Message&) { project->ActivateSequence(sequence); });
+  player->Play(1);
+  qelcore::messaging::AddWeakPtrListener(player->GetStationID(), activating);
+  project->CloseSequence(sequence);
+  EXPECT_EQ(TakeNotes(),
+            (Notes{"activation: activated A", "info: closed A", "activation: activated none"}));
+  player->Play(1);
+  EXPECT_FALSE(player->IsPlaying());
+}
+
+TEST_F(ProjectModelTest, AListenerMayCloseOtherSequencesWhilePlaybackEnds) {
+  const auto first = AddOpened("A");
+  const auto second = AddOpened("B");
+  standalone::FindPlayer(first)->Play(1);
+  standalone::FindPlayer(second)->Play(1);
+  const auto closing = std::make_shared<Reacting>([&](const Message&) {
+    project->CloseSequence(first);
+    project->CloseSequence(second);
+  });
+  qelcore::messaging::AddWeakPtrListener(standalone::FindPlayer(first)->GetStationID(), closing);
+  project->StopPlayback();
+  EXPECT_FALSE(standalone::FindPlayer(second)->IsPlaying());
+  EXPECT_FALSE(project->GetActiveSequence());
 }
 
 TEST(SequenceLifetime, ASequenceMayOutliveTheHost) {

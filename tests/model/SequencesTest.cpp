@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "model/ModelFixture.h"
+#include "standalone/model/PlayerNode.h"
 #include "standalone/model/TimeFormat.h"
+#include "support/Fakes.h"
 
 namespace {
 
@@ -85,6 +87,38 @@ TEST_F(SequenceTimes, APublishedChangeOfTheFormatIsAnsweredAtOnce) {
   EXPECT_NE(MZ::SequenceActions::GetFrameAlignment(sequence), 0U);
   EXPECT_EQ(MZ::SequencePlayback::GetAudioTimeDisplayFormat(sequence).count,
             TimeDisplay::Count::kMilliseconds);
+}
+
+using SequencePlayer = ModelTest;
+
+TEST_F(SequencePlayer, IsThereForAnOpenedSequenceAlone) {
+  const auto opened = model.Add(drafts::MakeSequence("A"));
+  model.project.ActivateSequence(opened);
+  EXPECT_TRUE(MZ::GetSequencePlayer(opened, 0));
+  EXPECT_FALSE(MZ::GetSequencePlayer(model.Add(drafts::MakeSequence("B")), 0));
+}
+
+TEST_F(SequencePlayer, IsTheOneThatTheUserSees) {
+  const auto sequence = model.Add(drafts::MakeSequence("A"));
+  model.project.ActivateSequence(sequence);
+  const auto player = MZ::GetSequencePlayer(sequence, 0);
+  EXPECT_EQ(player, standalone::FindPlayer(sequence));
+  EXPECT_EQ(MZ::GetSequencePlayer(sequence, 1), player);
+}
+
+TEST_F(SequencePlayer, NothingAndForeignSequencesHaveNone) {
+  const qelcore::Ref<BE::ISequence> foreign(new fakes::Sequence(drafts::Frame(1)));
+  EXPECT_FALSE(MZ::GetSequencePlayer({}, 0));
+  EXPECT_FALSE(MZ::GetSequencePlayer(foreign, 0));
+  EXPECT_FALSE(standalone::FindPlayer({}));
+  EXPECT_FALSE(standalone::FindPlayer(foreign));
+}
+
+TEST_F(SequencePlayer, NestedSequencesHaveNone) {
+  auto document = drafts::MakeDocument({drafts::MakeSequence("A"), drafts::MakeSequence("Inner")});
+  document.timelineCount = 1;
+  model.project.ActivateSequence(model.project.AddDocument(std::move(document)).front());
+  EXPECT_FALSE(MZ::GetSequencePlayer(model.project.GetNestedSequences().front(), 0));
 }
 
 }  // namespace

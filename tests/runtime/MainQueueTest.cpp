@@ -149,6 +149,45 @@ TEST_F(TheMainQueue, WaitingEndsAtTheLimit) {
   EXPECT_FALSE(queue.WaitForWork(5ms));
 }
 
+TEST_F(TheMainQueue, TellsHowLongUntilAFunctionIsDue) {
+  EXPECT_EQ(queue.GetTimeUntilDue(), std::nullopt);
+  Post(1, 10min);
+  const auto untilLater = queue.GetTimeUntilDue();
+  ASSERT_TRUE(untilLater);
+  EXPECT_GT(*untilLater, 9min);
+  EXPECT_LE(*untilLater, 10min);
+  Post(2, 5min);
+  EXPECT_LE(queue.GetTimeUntilDue(), 5min) << "the earliest counts, whenever it was posted";
+  Post(3);
+  EXPECT_EQ(queue.GetTimeUntilDue(), 0ms);
+  queue.RunOne();
+  EXPECT_GT(queue.GetTimeUntilDue(), 4min);
+}
+
+TEST_F(TheMainQueue, WhatIsDueInNoTimeRunsNow) {
+  Post(1, 2ms);
+  while (queue.GetTimeUntilDue() > 0ms) continue;
+  EXPECT_TRUE(queue.RunOne()) << "a part of a millisecond must not be cut off";
+}
+
+TEST_F(TheMainQueue, WhatANestedLoopMayNotRunIsNotDueInIt) {
+  Post(1, 0ms, false);
+  const MainQueue::NestedLoop menu(queue);
+  EXPECT_EQ(queue.GetTimeUntilDue(), std::nullopt);
+  Post(2, 10min, true);
+  EXPECT_GT(queue.GetTimeUntilDue(), 9min);
+}
+
+TEST_F(TheMainQueue, TheDescriptorRestsWhenNothingIsDueYet) {
+  Post(1, 10min);
+  EXPECT_TRUE(IsReadable());
+  EXPECT_TRUE(queue.GetTimeUntilDue());
+  EXPECT_FALSE(IsReadable());
+  Post(2);
+  EXPECT_EQ(queue.GetTimeUntilDue(), 0ms);
+  EXPECT_TRUE(IsReadable());
+}
+
 TEST_F(TheMainQueue, AFunctionIsDestroyedAfterItRan) {
   auto token = std::make_shared<int>(1);
   const std::weak_ptr<int> weak = token;
