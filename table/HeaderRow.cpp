@@ -1,11 +1,13 @@
 #include "table/HeaderRow.h"
 
+#include <cmath>
 #include <memory>
 #include <utility>
 
 #include "data/LocalizedText.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelui/Menu.h"
+#include "host/qelui/Theme.h"
 #include "table/ColumnCatalogue.h"
 #include "table/ColumnLayout.h"
 
@@ -14,6 +16,8 @@ namespace Vantrel {
 namespace {
 
 using qelui::ui::IOSMenu;
+
+constexpr float kOutlineWidth = 1.0F;
 
 const qelcore::UTF8String& GetShowAllText() {
   static const qelcore::UTF8String text =
@@ -62,10 +66,24 @@ void ApplyChoice(ColumnLayoutList& columns, std::uint32_t command, const IOSMenu
 
 SequenceIndexTreeMultiColumnTreeHeaderRow::~SequenceIndexTreeMultiColumnTreeHeaderRow() = default;
 
+void SequenceIndexTreeMultiColumnTreeHeaderRow::UI_Draw(qelui::Drawbot& drawbot) {
+  UI_MultiColumnTreeHeaderRow::UI_Draw(drawbot);
+  const qelui::Rect bounds = UI_GetBounds();
+  // Whole pixels, or the line would be smeared over two.
+  const qelui::Rect outline{0, 0, std::trunc(bounds.width), std::trunc(bounds.height)};
+  const auto color = qelui::skins::utilities::GetDividerColor(*qelui::ui::GetDefaultThemeProvider());
+  qelui::StrokeRect(drawbot, outline, color, kOutlineWidth);
+}
+
 bool SequenceIndexTreeMultiColumnTreeHeaderRow::UI_DoMouseEvent(const qelui::ui::MouseEvent& event) {
   if (!OpensColumnMenu(event)) return UI_MultiColumnTreeHeaderRow::UI_DoMouseEvent(event);
   DoColumnMenu(event.GetPosition());
   return true;
+}
+
+qelui::utility::StyleResource SequenceIndexTreeMultiColumnTreeHeaderRow::GetStyleResource() const {
+  return qelui::utility::GetResourceManager().GetResource(qelui::utility::kHeaderRowStyle,
+                                                          qelui::utility::kOutlinedHeaderRow);
 }
 
 void SequenceIndexTreeMultiColumnTreeHeaderRow::DoColumnMenu(qelui::Point position) {

@@ -32,6 +32,7 @@ SequenceIndexTree::SequenceIndexTree(std::weak_ptr<qelcore::messaging::Listener>
   SetWantsKeyboardFocus(kWantsKeyboardFocus);
   SetUpHeaderRow();
   SetUpDrawing();
+  SetUpSelection();
 }
 
 SequenceIndexTree::~SequenceIndexTree() = default;
@@ -58,6 +59,7 @@ void SequenceIndexTree::SetSequence(const qelcore::Ref<BE::ISequence>& newSequen
     std::swap(sequence, previous);
   }
   RefreshDataListsAndTreeViewAsync();
+  AttachOwnerToPlayer();
 }
 
 // Only the main thread, which is the caller's, changes the sequence.

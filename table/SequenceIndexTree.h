@@ -3,17 +3,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "data/FilterGroups.h"
 #include "data/TrackItemRowData.h"
 #include "host/BE/Model.h"
+#include "host/ML/Player.h"
+#include "host/MZ/Messages.h"
 #include "host/MZ/SequenceIndexOptions.h"
 #include "host/qelcore/Future.h"
 #include "host/qelcore/Messaging.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/Threads.h"
 #include "host/qelcore/UTF8String.h"
+#include "host/qelmediatypes/TickTime.h"
 #include "host/qelui/Drawbot.h"
 #include "host/qelui/Geometry.h"
 #include "host/qelui/MultiColumnTree.h"
@@ -37,8 +41,19 @@ namespace Vantrel {
 ///
 /// Cells are drawn when the host asks, from the current filtered list.
 ///
-/// Pending work, and the function that the tree registers for drawing, hold the tree weakly: once the
-/// tree is gone they do nothing.
+/// Table and playhead follow each other. The user selects one row while the panel is on duty: the
+/// playhead goes to its start, unheard by the owner. The playhead goes elsewhere: the rows under it are
+/// selected, which moves nothing. New rows are in line with the playhead at once; if the panel is on
+/// duty and one row is under it, this moves the playhead to that row's start, too. Where rows of the
+/// sequence before still stand under a new one, they may for that moment be selected by the new
+/// sequence's playhead, and move it; the new sequence's rows then correct the selection.
+///
+/// Broadcasts and player moves reach listeners that may run an event loop of their own, in which newer
+/// rows arrive, or close the panel. So nothing of the lists is held across them, every row is looked up
+/// by a checked position, and the exchange of rows starts over when newer ones arrived meanwhile.
+///
+/// Pending work, and the functions that the tree registers with the table control, hold the tree
+/// weakly: once the tree is gone they do nothing.
 class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
  public:
   /// `owner` is the view that creates the tree; it is never kept alive. The other two are the table
@@ -48,7 +63,8 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   /// Waits for nothing.
   ~SequenceIndexTree() override;
 
-  /// Shows another sequence, or none.
+  /// Shows another sequence, or none, and lets the owner hear its player, if it has one. Leaves the
+  /// owner's other subscriptions as they are.
   void SetSequence(const qelcore::Ref<BE::ISequence>& newSequence);
   qelcore::Ref<BE::ISequence> GetSequence() const;
 
@@ -69,6 +85,16 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   /// throws; qel_exception of kind kLimit for a text above 4294967295 bytes.
   bool ExportSequenceIndexToCSV(const qelcore::UTF8String& path, bool isOpenedAfterwards);
 
+  /// The user begins, or ends, to work in the panel. On duty, selecting one row moves the playhead.
+  void SetOnDuty(bool onDuty) noexcept { isOnDuty = onDuty; }
+  /// Whether the timeline's selection follows the table's.
+  void SetUpdateTimelineSelection(bool updates) noexcept { isUpdatingTimelineSelection = updates; }
+
+  /// The playhead stands at `position`, a time of the sequence without its zero point: selects the rows
+  /// under it, scrolls to it, and announces the counts. Nothing happens while rows are selected and it
+  /// is the time that was synchronised last. Never moves the playhead.
+  void FollowPlayerPosition(qelmediatypes::TickTime position);
+
   /// Lays out the columns of a header row anew. Throws: null_pointer_exception for an empty one.
   void ReapplyColumnLayout(qelcore::Ref<qelui::controls::UI_MultiColumnTreeHeaderRow> headerRow);
 
@@ -87,6 +113,21 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   void SetUpDrawing();
   void DrawCell(qelui::Drawbot& drawbot, Row* row, std::size_t displayIndex,
                 const qelui::Rect& cell) const;
+  const TrackItemRowData* FindRowData(std::size_t position) const noexcept;
+
+  void SetUpSelection();
+  void HandleSelection();
+  void NoteRowVisibility(const Row* row) const;
+  std::vector<std::size_t> GetSelectedPositions() const;
+  std::vector<MZ::ActivatedTrackItem> GetTrackItems(const std::vector<std::size_t>& positions);
+  std::optional<qelmediatypes::TickTime> GetStart(std::size_t position);
+  void BroadcastCounts() const;
+
+  qelcore::Ref<ML::IPlayer> FindPlayer() const;
+  void AttachOwnerToPlayer() const;
+  void MovePlayer(qelmediatypes::TickTime position);
+  void ScrollToTime(qelmediatypes::TickTime time);
+  bool SyncToPlayerPosition();
 
   void BuildNextItemDataLists();
   SharedItemDataList CollectRawList();
@@ -98,11 +139,15 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   void ShowNextItemDataLists();
   bool ApplyNextItemDataLists();
   void PopulateTreeRows();
+  void FillRows();
+  void ReplaceRows();
+  void ScrollToPosition(std::size_t position);
   std::size_t GetFirstVisiblePosition() const;
 
   std::weak_ptr<qelcore::messaging::Listener> owner;
   OwnStation station;
   qelcore::Ref<BE::ISequence> sequence;
+  bool isOnDuty = false;
   std::shared_ptr<qelcore::threads::AsyncThreadedSubExecutor> refreshExecutor;
   qelcore::async::Future<void> refreshFuture;
   qelcore::threads::RecursiveMutex dataMutex;
@@ -114,6 +159,13 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   std::int32_t shortGapThreshold = 5;
   SharedItemDataList nextFullList;
   SharedItemDataList nextFilteredList;
+  bool isUpdatingTimelineSelection = false;
+  qelmediatypes::TickTime lastSynchronisedTime;
+  /// Counts what brings the whole selection into line: followed times and new rows.
+  std::size_t synchronisationNumber = 0;
+  /// Rows are being exchanged; and lists arrived meanwhile, so that it has to be done once more.
+  bool isFillingRows = false;
+  bool isFillingRowsAgain = false;
 };
 
 }  // namespace Vantrel

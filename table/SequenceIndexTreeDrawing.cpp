@@ -39,14 +39,19 @@ void SequenceIndexTree::SetUpDrawing() {
       }));
 }
 
+// The one way from a row to its data: while the table is being filled anew, its old rows may stand over
+// a shorter list.
+const TrackItemRowData* SequenceIndexTree::FindRowData(std::size_t position) const noexcept {
+  return position < currentFilteredList.size() ? &currentFilteredList[position] : nullptr;
+}
+
 void SequenceIndexTree::DrawCell(qelui::Drawbot& drawbot, Row* row, std::size_t displayIndex,
                                  const qelui::Rect& cell) const {
   const auto headerRow = GetHeaderRow();
   const ColumnID column = qelcore::Required(headerRow).GetColumnAt(displayIndex);
-  const std::size_t position = GetRowIndex(row);
-  // While the table is being filled anew, its old rows may stand over a shorter list.
-  if (position >= currentFilteredList.size()) return;
-  const TrackItemRowData& data = currentFilteredList[position];
+  const TrackItemRowData* const found = FindRowData(GetRowIndex(row));
+  if (found == nullptr) return;
+  const TrackItemRowData& data = *found;
   const qelui::ColorRGBA plain = GetPlainTextColor();
   const auto zeroPoint = BE::SequenceUtils::GetZeroPoint(data.sequence);
   if (column == kColumnLabelColor) {

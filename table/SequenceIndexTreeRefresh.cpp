@@ -30,6 +30,18 @@ constexpr bool kIsDeferringLayout = true;
 constexpr bool kIsAligningToTop = true;
 constexpr bool kIsImmediate = true;
 
+/// Holds a flag for its lifetime.
+class FlagUntilEnd {
+ public:
+  explicit FlagUntilEnd(bool& flag) : flag(flag) { flag = true; }
+  ~FlagUntilEnd() { flag = false; }
+  FlagUntilEnd(const FlagUntilEnd&) = delete;
+  FlagUntilEnd& operator=(const FlagUntilEnd&) = delete;
+
+ private:
+  bool& flag;
+};
+
 // Exchanges the shown rows for the next ones, if there are any; returns the list that now holds the
 // rows shown before.
 SharedItemDataList TakeNextList(SharedItemDataList& next, TrackItemDataList& current) noexcept {
@@ -154,14 +166,33 @@ bool SequenceIndexTree::ApplyNextItemDataLists() {
   return true;
 }
 
+// Who hears that the old rows are deselected may run an event loop, and with it a step that brings
+// newer lists. That step leaves the rows to this one, which knows the row at the top.
 void SequenceIndexTree::PopulateTreeRows() {
+  isFillingRowsAgain = true;
+  if (isFillingRows) return;
+  FillRows();
+  if (!SyncToPlayerPosition()) BroadcastCounts();
+}
+
+void SequenceIndexTree::FillRows() {
+  const FlagUntilEnd filling(isFillingRows);
   const std::size_t firstVisible = GetFirstVisiblePosition();
+  while (std::exchange(isFillingRowsAgain, false)) ReplaceRows();
+  ScrollToPosition(firstVisible);
+}
+
+void SequenceIndexTree::ReplaceRows() {
+  ++synchronisationNumber;
   RemoveAllRows(kIsNotifying, kIsRedrawing);
   for (std::size_t i = currentFilteredList.size(); i > 0; --i) {
     CreateAndAppendRow(nullptr, kIsVisible, kIsDeferringLayout);
   }
   LayoutAfterAppendRow();
-  if (Row* const row = GetRow(firstVisible)) {
+}
+
+void SequenceIndexTree::ScrollToPosition(std::size_t position) {
+  if (Row* const row = GetRow(position)) {
     ScrollRowIntoView(row, kIsAligningToTop, kIsImmediate, kIsRedrawing);
   }
 }

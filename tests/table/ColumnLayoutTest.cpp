@@ -87,7 +87,8 @@ TEST_F(ColumnLayout, AnotherTableStartsWithTheColumnsOfTheStoreAndTheFirstKeepsI
 
 TEST_F(ColumnLayout, DraggedWidthsAndMovedColumnsAreLostAtTheNextApply) {
   const auto tree = MakeTree();
-  tree->GetHeaderRow()->SetColumnWidth(kColumnClipName, 333);
+  tree->GetHeaderRow()->ResizeColumnByUser(3, 333);
+  ASSERT_EQ(tree->GetHeaderRow()->GetColumnWidth(kColumnClipName), 333);
   ASSERT_TRUE(tree->GetHeaderRow()->MoveColumnByUser(1, 5));
   ASSERT_NE(GetShownColumns(*tree), kDefaultColumns);
   tree->ReapplyColumnLayout(tree->GetHeaderRow());
@@ -126,7 +127,8 @@ TEST_F(ColumnLayout, AFirstColumnIsHiddenWhateverItIs) {
 
 TEST_F(ColumnLayout, ADraggedColumnIsNotWrittenBackToTheStore) {
   const auto tree = MakeTree();
-  tree->GetHeaderRow()->SetColumnWidth(kColumnClipName, 333);
+  tree->GetHeaderRow()->ResizeColumnByUser(3, 333);
+  ASSERT_EQ(tree->GetHeaderRow()->GetColumnWidth(kColumnClipName), 333);
   ASSERT_TRUE(tree->GetHeaderRow()->MoveColumnByUser(3, 1));
   EXPECT_EQ(GetShownColumns(*MakeTree()), kDefaultColumns);
   EXPECT_EQ(MakeTree()->GetHeaderRow()->GetColumnWidth(kColumnClipName), 200);

@@ -65,7 +65,27 @@ std::uint32_t UI_MultiColumnTreeHeaderRow::GetColumnAt(std::size_t displayIndex)
   return real(this, displayIndex);
 }
 
+void UI_MultiColumnTreeHeaderRow::UI_Draw(Drawbot& drawbot) {
+  Called("UI_Draw");
+  using Function = void (*)(UI_MultiColumnTreeHeaderRow*, Drawbot&);
+  static const auto real =
+      Real<Function>("_ZN5qelui8controls27UI_MultiColumnTreeHeaderRow7UI_DrawERNS_7DrawbotE");
+  real(this, drawbot);
+}
+
 }  // namespace qelui::controls
+
+namespace qelui {
+
+void StrokeRect(Drawbot& drawbot, const Rect& area, const ColorRGBA& color, float lineWidth) {
+  Called("StrokeRect", area.left, area.top, area.width, area.height, lineWidth);
+  using Function = void (*)(Drawbot&, const Rect&, const ColorRGBA&, float);
+  static const auto real =
+      Real<Function>("_ZN5qelui10StrokeRectERNS_7DrawbotERKNS_4RectERKNS_9ColorRGBAEf");
+  real(drawbot, area, color, lineWidth);
+}
+
+}  // namespace qelui
 
 namespace qelui::ui {
 

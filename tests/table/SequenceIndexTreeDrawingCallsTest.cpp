@@ -178,6 +178,10 @@ class InterruptingDrawbot final : public qelui::Drawbot {
     interrupt();
     other.FillRect(area, color);
   }
+  void StrokeRect(const qelui::Rect& area, const qelui::ColorRGBA& color, float lineWidth) override {
+    interrupt();
+    other.StrokeRect(area, color, lineWidth);
+  }
   void DrawTextLine(const qelui::TextLine& line) override {
     interrupt();
     other.DrawTextLine(line);

@@ -13,6 +13,7 @@
 #include "support/HostCalls.h"
 #include "table/DrawingFixture.h"
 #include "table/DrawingWatch.h"
+#include "table/GreenTheme.h"
 
 namespace Vantrel {
 namespace {
@@ -188,11 +189,6 @@ TEST_F(Drawing, AStartFlagReddensTheStartAndAnEndFlagTheEnd) {
   Draw(1, kColumnEndTime);
   EXPECT_EQ(drawbot.GetTextLines().at(0).color, GetThemeColor());
 }
-
-class GreenTheme final : public qelui::ui::ThemeProvider {
- public:
-  ColorRGBA GetTextColor() const override { return {0, 0.5F, 0, 0.75F}; }
-};
 
 TEST_F(Drawing, TheTextColourIsThatOfTheThemeAtTheTime) {
   ShowRichSequence();

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "host/qelcore/Exceptions.h"
+#include "standalone/toolkit/TreeControl.h"
 #include "support/Answers.h"
 #include "support/HostFaults.h"
 #include "support/Process.h"
@@ -142,6 +143,14 @@ TEST_F(Export, ScrollingPlaysNoPart) {
   tree->ScrollRowIntoView(tree->GetRow(4), true, true, true);
   ShowColumns({kColumnClipName});
   EXPECT_EQ(GetExportedText(), "Clip Name\nA1\nA2\nA3\nA4\nA5\nA6\n");
+}
+
+TEST_F(Export, SelectionPlaysNoPart) {
+  ShowSequence(MakeClips("A", 3));
+  ShowColumns({kColumnClipName});
+  tree->GetControl().Click(1, 0);
+  EXPECT_EQ(GetExportedText(), "Clip Name\nA1\nA2\nA3\n");
+  EXPECT_EQ(tree->GetSelectedRows().size(), 1U) << "and stays as it is";
 }
 
 TEST_F(Export, AColumnWithoutNameInTheHeaderTakesTheCataloguesThenANumber) {

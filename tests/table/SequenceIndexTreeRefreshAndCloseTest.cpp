@@ -16,7 +16,9 @@ using RefreshAndClose = RefreshFixture;
 using qelcore::Ref;
 
 TEST_F(RefreshAndClose, AClosedTableWaitsForNothingAndItsQueuedBuildDoesNothing) {
-  tree->SetSequence(AddSequence(MakeClips("A", 2)));
+  sequence = AddSequence(MakeClips("A", 2));
+  host.Settle();
+  tree->SetSequence(sequence);
   tree.Reset();
   EXPECT_EQ(host.GetPool().CountWaiting(), 1U);
   const hostcalls::Recording recording;
@@ -50,7 +52,9 @@ TEST_F(RefreshAndClose, TheMainThreadStepHoldsTheTableUntilItEnds) {
 }
 
 TEST_F(RefreshAndClose, ATableClosedBetweenBuildAndContinuationPostsNothing) {
-  tree->SetSequence(AddSequence(MakeClips("A", 2)));
+  sequence = AddSequence(MakeClips("A", 2));
+  host.Settle();
+  tree->SetSequence(sequence);
   ASSERT_TRUE(RunOneTask());
   tree.Reset();
   const hostcalls::Recording recording;
@@ -59,7 +63,9 @@ TEST_F(RefreshAndClose, ATableClosedBetweenBuildAndContinuationPostsNothing) {
 }
 
 TEST_F(RefreshAndClose, ATableClosedDuringItsBuildIsDestroyedOnceTheBuildIsDone) {
-  tree->SetSequence(AddSequence(MakeClips("A", 2)));
+  sequence = AddSequence(MakeClips("A", 2));
+  host.Settle();
+  tree->SetSequence(sequence);
   const auto station = tree->GetStationID();
   const hostcalls::Hook hook("VisitSequence", [&] { tree.Reset(); });
   ASSERT_TRUE(RunOneTask());

@@ -22,8 +22,10 @@ using Refresh = RefreshFixture;
 // Scheduling
 
 TEST_F(Refresh, OnlySchedulesAndReturnsAtOnce) {
+  sequence = AddSequence(MakeClips("A", 3));
+  host.Settle();
   const hostcalls::Recording recording;
-  tree->SetSequence(AddSequence(MakeClips("A", 3)));
+  tree->SetSequence(sequence);
   EXPECT_EQ(recording.Count("VisitSequence"), 0U);
   EXPECT_EQ(host.GetPool().CountWaiting(), 1U);
   EXPECT_EQ(tree->CountRows(), 0U);
@@ -265,8 +267,11 @@ TEST_F(Refresh, ABuildLocksForTheSequenceTheFlagTheGroupsAndTheHandOverOnly) {
 }
 
 TEST_F(Refresh, AQueuedBuildIndexesTheNewestSequence) {
-  tree->SetSequence(AddSequence(MakeClips("Old", 1)));
-  tree->SetSequence(AddSequence(MakeClips("New", 1)));
+  const auto before = AddSequence(MakeClips("Old", 1));
+  const auto after = AddSequence(MakeClips("New", 1));
+  host.Settle();
+  tree->SetSequence(before);
+  tree->SetSequence(after);
   ASSERT_TRUE(RunOneTask());
   ASSERT_TRUE(RunOneTask());
   ASSERT_TRUE(RunOneTask());
@@ -275,9 +280,12 @@ TEST_F(Refresh, AQueuedBuildIndexesTheNewestSequence) {
 }
 
 TEST_F(Refresh, ABuildOfTheSequenceBeforeIsShownUntilTheNewOnesIsDone) {
-  tree->SetSequence(AddSequence(MakeClips("Old", 1)));
+  const auto before = AddSequence(MakeClips("Old", 1));
+  const auto after = AddSequence(MakeClips("New", 1));
+  host.Settle();
+  tree->SetSequence(before);
   ASSERT_TRUE(RunOneTask());
-  tree->SetSequence(AddSequence(MakeClips("New", 1)));
+  tree->SetSequence(after);
   ASSERT_TRUE(RunOneTask());
   ASSERT_TRUE(RunOneMainStep());
   EXPECT_EQ(GetShownNames(), Names{"Old1"});

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <memory>
 #include <mutex>
 #include <random>
 #include <string>
@@ -8,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "table/RefreshFixture.h"
+#include "table/SelectionFixture.h"
 
 namespace Vantrel {
 namespace {
@@ -44,12 +45,18 @@ void ExpectOneBuild(const SequenceIndexTree& tree) {
   }
 }
 
-/// Random refreshes, option changes, edits, closing and reopening, on the main thread, while other
-/// threads ask for refreshes too and the pool builds.
+/// What is selected, is selected among the rows there are.
+void ExpectSelectionWithinRows(const SequenceIndexTree& tree) {
+  const std::size_t count = tree.CountRows();
+  for (const auto* row : tree.GetSelectedRows()) ASSERT_LT(tree.GetRowIndex(row), count);
+}
+
+/// Random refreshes, option changes, edits, selections, moves of the playhead, closing and reopening,
+/// on the main thread, while other threads ask for refreshes too and the pool builds.
 class StressRefresh : public testing::TestWithParam<unsigned> {
  protected:
   void OpenTree() {
-    const Ref opened(new SequenceIndexTree({}, 0, 18.0F));
+    const Ref opened(new SequenceIndexTree(owner, 0, 18.0F));
     opened->UI_SetBounds({0, 0, 400, 200});
     SetTree(opened);
     opened->SetSequence(sequence);
@@ -65,7 +72,7 @@ class StressRefresh : public testing::TestWithParam<unsigned> {
   }
 
   void Step() {
-    switch (random() % 9) {
+    switch (random() % 12) {
       case 0:
         return tree->RefreshDataListsAndTreeViewAsync();
       case 1:
@@ -79,9 +86,18 @@ class StressRefresh : public testing::TestWithParam<unsigned> {
         return;
       case 5:
         return std::this_thread::sleep_for(std::chrono::microseconds(random() % 300));
+      case 6:
+        return GetPlayer()->SetCurrentPosition(GetRandomTime());
+      case 7:
+        if (tree->CountRows() == 0) return;
+        return tree->GetControl().Click(random() % tree->CountRows(), random() % 8);
+      case 8:
+        tree->SetOnDuty(random() % 2 == 0);
+        return tree->SetUpdateTimelineSelection(random() % 2 == 0);
       default:
         host.GetRuntime().GetMainQueue().RunOne();
         ExpectOneBuild(*tree);
+        ExpectSelectionWithinRows(*tree);
     }
   }
   void ChangeOptions() {
@@ -97,15 +113,24 @@ class StressRefresh : public testing::TestWithParam<unsigned> {
     tree->SetSearchText(qelcore::UTF8String(kTexts[random() % 4]));
   }
 
+  Ref<ML::IPlayer> GetPlayer() const { return MZ::GetSequencePlayer(sequence, 0); }
+  qelmediatypes::TickTime GetRandomTime() {
+    return drafts::Frame(static_cast<std::int64_t>(random() % (kClips * 10 + 20)) - 10);
+  }
+
   std::mt19937 random{GetParam()};
   standalone::StandaloneHost host;
   unsigned generation = 0;
   Ref<BE::ISequence> sequence = AddSequence(MakeGeneration(0));
   std::mutex treeMutex;
   Ref<SequenceIndexTree> tree;
+  /// Follows the player, as a panel does.
+  std::shared_ptr<Ear> owner = std::make_shared<Ear>(
+      [this](const auto&) { tree->FollowPlayerPosition(GetPlayer()->GetCurrentPosition()); });
 };
 
 TEST_P(StressRefresh, EndsWithTheLastContentAndNeverMixesTwoBuilds) {
+  host.GetProject().ActivateSequence(sequence);
   OpenTree();
   std::atomic<bool> isDone = false;
   std::vector<std::thread> askers;
