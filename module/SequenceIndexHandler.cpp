@@ -11,13 +11,13 @@
 #include "module/FeatureFlag.h"
 #include "table/MessageIDs.h"
 #include "view/SequenceIndexView.h"
+#include "view/WingMenu.h"
 
 namespace Vantrel {
 
 namespace {
 
 constexpr UIF::WindowClassType kDockablePanel{1};
-constexpr std::string_view kWingMenuID = "Vantrel_Wing_Menu";
 constexpr bool kIsActivated = true;
 
 const qelcore::UTF8String& GetNoSequenceTitle() {

@@ -6,6 +6,7 @@
 #include "host/DLG/SequenceIndexDialogs.h"
 #include "host/UIF/Application.h"
 #include "host/qelcore/UTF8String.h"
+#include "view/WingMenu.h"
 
 namespace Vantrel {
 
@@ -53,6 +54,20 @@ bool SequenceIndexView::ObeyCommand(const UIF::Command& command) {
   if (IsReserved(command.GetID())) return true;
   if (command.GetID() == kExportCommand && ExportSequenceIndex()) return true;
   return UIF::CommandHandler::ObeyCommand(command);
+}
+
+void SequenceIndexView::NowOnDuty() {
+  UIF::TabView::NowOnDuty();
+  if (tree) tree->SetOnDuty(true);
+}
+
+void SequenceIndexView::NowOffDuty() {
+  UIF::TabView::NowOffDuty();
+  if (tree) tree->SetOnDuty(false);
+}
+
+std::string_view SequenceIndexView::GetWingMenuID() const {
+  return kWingMenuID;
 }
 
 bool SequenceIndexView::ExportSequenceIndex() {

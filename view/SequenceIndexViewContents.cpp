@@ -1,22 +1,13 @@
 #include "host/MZ/Sequences.h"
 #include "host/UIF/Application.h"
-#include "host/UIF/Decals.h"
-#include "view/BindMessageFunction.h"
+#include "host/UIF/DC.h"
+#include "host/qelui/Theme.h"
+#include "view/PanelPlaces.h"
 #include "view/SequenceIndexView.h"
 
 namespace Vantrel {
 
 namespace {
-
-using qelui::Rect;
-
-// Pixels. The toolbar's controls stand in one line, each with its place for good.
-constexpr float kMargin = 12;
-constexpr float kToolbarHeight = 24;
-constexpr float kToolbarGap = 6;
-constexpr float kSearchFieldWidth = 240;
-constexpr float kFilterButtonLeft = 260;
-constexpr float kFilterButtonWidth = 24;
 
 // What the table control's constructor is given: no style bits, and the height of a row in pixels.
 constexpr unsigned kTreeStyle = 0;
@@ -24,22 +15,6 @@ constexpr float kTreeRowHeight = 18.0F;
 
 constexpr bool kHasChildViews = true;
 constexpr bool kIsDoubleBuffered = true;
-constexpr bool kIsEnabled = true;
-constexpr bool kHasClearButton = true;
-constexpr bool kIsKeepingHistory = false;
-
-Rect PlaceSearchField(const Rect& view) {
-  return {view.left + kMargin, view.top + kMargin, kSearchFieldWidth, kToolbarHeight};
-}
-
-Rect PlaceFilterButton(const Rect& view) {
-  return {view.left + kFilterButtonLeft, view.top + kMargin, kFilterButtonWidth, kToolbarHeight};
-}
-
-Rect PlaceTree(const Rect& view) {
-  constexpr float kTop = kMargin + kToolbarHeight + kToolbarGap;
-  return {view.left + kMargin, view.top + kTop, view.width - 2 * kMargin, view.height - kTop - kMargin};
-}
 
 }  // namespace
 
@@ -48,39 +23,37 @@ void SequenceIndexView::CreateContentsSelf() {
   EnableDoubleBuffering(kIsDoubleBuffered);
   CreateSearchField();
   CreateFilterButton();
+  CreateStatusText();
+  CreateRowScaleSlider();
+  CreateUpdateSelectionCheckbox();
   CreateTree();
   if (!UIF::Workspace::Instance().IsBeingLoaded()) {
     if (const auto sequence = MZ::GetActiveSequence()) SequenceActivated(sequence);
   }
-  UpdateFilterButton();
-  tree->SetOptions(options);
-}
-
-void SequenceIndexView::CreateSearchField() {
-  searchField = qelcore::Ref(new qelui::controls::UI_SearchBox(kHasClearButton, kIsKeepingHistory));
-  const std::weak_ptr<SequenceIndexView> self = GetSelf();
-  const auto changed = BindMessageFunction(&SequenceIndexView::SearchFieldChanged, self);
-  searchField->NotifyWhenChangedInteractively(changed);
-  searchField->NotifyWhenChanged(changed);
-  searchField->UI_SetBounds(PlaceSearchField(GetBounds()));
-  AddChildView(searchField);
-}
-
-void SequenceIndexView::CreateFilterButton() {
-  filterButton = qelcore::Ref(new qelui::controls::UI_PictureButton());
-  filterButton->SetImageHandler(qelui::controls::ImageHandler::Create(
-      {UIF::kUIFFilterNotificationOffDecal, UIF::kUIFFilterNotificationOnDecal}));
-  const std::weak_ptr<SequenceIndexView> self = GetSelf();
-  filterButton->NotifyWhenChanged(BindMessageFunction(&SequenceIndexView::FilterButtonChanged, self));
-  filterButton->UI_SetEnabled(kIsEnabled);
-  filterButton->UI_SetBounds(PlaceFilterButton(GetBounds()));
-  AddChildView(filterButton);
+  ApplyToolbarToTree();
 }
 
 void SequenceIndexView::CreateTree() {
   tree = qelcore::Ref(new SequenceIndexTree(GetSelf(), kTreeStyle, kTreeRowHeight));
-  tree->UI_SetBounds(PlaceTree(GetBounds()));
+  qelcore::messaging::AddWeakPtrListener(tree->GetStationID(), GetSelf());
+  tree->UI_SetBounds(PanelPlaces::PlaceTree(GetBounds(), searchField->UI_GetBounds()));
   AddChildView(tree);
+}
+
+void SequenceIndexView::ApplyToolbarToTree() {
+  UpdateTimelineSelectionFlag();
+  UpdateRowHeight();
+  UpdateFilterButton();
+  tree->SetOptions(options);
+}
+
+void SequenceIndexView::LayoutSelf(const qelui::Rect& view) {
+  if (tree) tree->UI_SetBounds(PanelPlaces::PlaceTree(view, searchField->UI_GetBounds()));
+}
+
+void SequenceIndexView::DrawBackground(qelui::Drawbot& drawbot) {
+  const auto theme = qelui::ui::GetDefaultThemeProvider();
+  UIF::DC::FillRect(drawbot, GetBounds(), qelui::skins::utilities::GetTabBackgroundColor(*theme));
 }
 
 }  // namespace Vantrel

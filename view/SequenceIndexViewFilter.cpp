@@ -36,6 +36,7 @@ void SequenceIndexView::EditOptions() {
 
 void SequenceIndexView::UpdateFilterButton() {
   filterButton->GetImageHandler()->SetImageState(AreFiltersActive(options) ? kOnState : kOffState);
+  filterButton->UI_Invalidate();
   filterButton->UI_SetToolTip(MakeFilterToolTip(options), GetToolTipWidth());
 }
 

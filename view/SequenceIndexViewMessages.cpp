@@ -1,10 +1,15 @@
-#include <array>
+#include <algorithm>
+#include <vector>
 
 #include "host/BE/Messages.h"
+#include "host/ML/Player.h"
 #include "host/MZ/Messages.h"
 #include "host/MZ/Sequences.h"
+#include "host/qelmediatypes/TickTime.h"
 #include "table/MessageIDs.h"
+#include "table/SelectionChangedMessage.h"
 #include "view/SequenceIndexView.h"
+#include "view/StatusText.h"
 
 namespace Vantrel {
 
@@ -13,12 +18,25 @@ namespace {
 using qelcore::messaging::AddWeakPtrListener;
 using qelcore::messaging::RemoveListener;
 using WeakListener = std::weak_ptr<qelcore::messaging::Listener>;
-using SequenceStations = std::array<qelcore::messaging::StationID, 2>;
+using qelcore::messaging::StationID;
 
-SequenceStations RequireStations(const qelcore::Ref<BE::ISequence>& sequence) {
+// The player that the user sees.
+constexpr int kPlaybackPreference = 0;
+
+/// Where a sequence announces what the panel wants to hear of it; one that was never opened has no
+/// player.
+std::vector<StationID> RequireStations(const qelcore::Ref<BE::ISequence>& sequence) {
   const auto content = qelcore::RequireInterface<BE::ISequenceContent>(sequence);
   const auto trackGroups = qelcore::RequireInterface<BE::ISequenceTrackGroups>(sequence);
-  return {content->GetStationID(), trackGroups->GetStationID()};
+  std::vector<StationID> stations{content->GetStationID(), trackGroups->GetStationID()};
+  if (const auto player = MZ::GetSequencePlayer(sequence, kPlaybackPreference)) {
+    stations.push_back(player->GetStationID());
+  }
+  return stations;
+}
+
+bool IsPositionKind(ML::PlayerMessageKind kind) {
+  return kind == ML::PlayerMessageKind::kPositionSet || kind == ML::PlayerMessageKind::kPositionPlayed;
 }
 
 }  // namespace
@@ -42,9 +60,13 @@ void SequenceIndexView::ReceiveMessage(const qelcore::messaging::Message& messag
     SequenceActivated(static_cast<const MZ::SequenceActivatedMessage&>(message).GetSequence());
   } else if (id == MessageIDOf<MZ::MessageNameForSequenceClosedMessage>()) {
     SequenceClosed(static_cast<const MZ::SequenceClosedMessage&>(message).GetSequence());
+  } else if (id == MessageIDOf<ML::MessageNameForPlayerPositionChangedMessage>()) {
+    PlayerPositionChanged(static_cast<const ML::PlayerPositionChangedMessage&>(message));
   } else if (id == MessageIDOf<BE::MessageNameForSequenceChangedMessage>() ||
              id == MessageIDOf<BE::MessageNameForTrackGroupChangedMessage>()) {
     tree->RefreshDataListsAndTreeViewAsync();
+  } else if (id == MessageIDOf<MessageNameForTreeViewItemsSelectionChangedMessage>()) {
+    SelectionChanged(static_cast<const TreeViewItemsSelectionChangedMessage&>(message));
   }
 }
 
@@ -61,6 +83,15 @@ void SequenceIndexView::SequenceActivated(const Sequence& sequence) {
 void SequenceIndexView::SequenceClosed(const Sequence& sequence) {
   MoveSequenceSubscriptions(tree->GetSequence(), sequence);
   tree->SetSequence({});
+}
+
+void SequenceIndexView::PlayerPositionChanged(const ML::PlayerPositionChangedMessage& message) {
+  if (!IsPositionKind(message.GetKind())) return;
+  tree->FollowPlayerPosition(std::max(message.GetPosition(), qelmediatypes::TickTime()));
+}
+
+void SequenceIndexView::SelectionChanged(const TreeViewItemsSelectionChangedMessage& message) {
+  statusText->SetValue(MakeStatusText(message.GetSelectedCount(), message.GetRowCount()));
 }
 
 void SequenceIndexView::MoveSequenceSubscriptions(const Sequence& from, const Sequence& to) {

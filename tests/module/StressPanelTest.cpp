@@ -1,92 +1,114 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <optional>
-#include <random>
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <string>
-#include <thread>
-#include <utility>
 #include <vector>
 
-#include "module/ModuleFixture.h"
+#include "host/qelui/Events.h"
+#include "module/RandomPanelUser.h"
+#include "standalone/model/PlayerNode.h"
+#include "standalone/toolkit/TreeControl.h"
+#include "support/Drafts.h"
 
 namespace Vantrel {
 namespace {
 
-using MZ::SequenceIndex::Options;
-using qelcore::Ref;
+constexpr unsigned kSteps = 8000;
+constexpr unsigned kStepsBetweenChecks = 250;
 
-constexpr unsigned kSteps = 1200;
-
-standalone::SequenceDraft MakeClips(const std::string& name, unsigned count) {
-  auto draft = drafts::MakeSequence(name);
-  auto& track = drafts::AddTrack(draft);
-  for (unsigned i = 0; i < count; ++i) drafts::AddClip(track, name, i * 10, i * 10 + 8);
-  return draft;
+std::vector<std::size_t> GetSelectedPositions(const SequenceIndexTree& tree) {
+  std::vector<std::size_t> positions;
+  for (const auto* row : tree.GetSelectedRows()) positions.push_back(tree.GetRowIndex(row));
+  return positions;
 }
 
-/// The panel in the host's own hands: sequences opened, edited and closed, options changed, the panel
-/// closed and opened again, in random order, while the pool builds.
 class StressPanel : public testing::TestWithParam<unsigned> {
  protected:
-  StressPanel() {
-    standalone::SwitchFeature("SequenceIndex", true);
-    for (int i = 0; i < 3; ++i) {
-      sequences.push_back(standalone::ProjectModel::Current()
-                              .AddDocument(drafts::MakeDocument(MakeClips(std::to_string(i), 20)))
-                              .front());
+  /// What holds between any two steps.
+  void Check() {
+    const auto view = std::dynamic_pointer_cast<SequenceIndexView>(host.GetPanel());
+    if (view == nullptr) return;
+    CheckRows(*view);
+    // A new panel has nothing to say before its first rows come.
+    if (!view->GetStatusText()->GetValue().Empty()) CheckStatus(*view);
+  }
+  /// What holds whenever everything has settled.
+  void SettleAndCheck() {
+    const auto view = user.GetView();
+    user.Settle();
+    CheckRows(*view);
+    CheckStatus(*view);
+    CheckFollowing(*view);
+    CheckRows(*view);
+    CheckStatus(*view);
+    EXPECT_EQ(host.GetRuntime().GetLog().TakeFailures(), std::vector<std::string>());
+  }
+  void CheckRows(const SequenceIndexView& view) {
+    const auto& tree = *view.GetTree();
+    const auto& control = tree.GetControl();
+    EXPECT_EQ(tree.GetSequence(), host.GetProject().GetActiveSequence());
+    const std::size_t rows = tree.CountRows();
+    EXPECT_EQ(rows, tree.GetFilteredList().size());
+    EXPECT_LE(rows, tree.GetFullList().size());
+    const auto selected = GetSelectedPositions(tree);
+    EXPECT_EQ(selected.size(), control.CountSelected());
+    EXPECT_TRUE(selected.empty() || selected.back() < rows);
+    EXPECT_TRUE(!control.GetCurrent() || *control.GetCurrent() < rows);
+    const auto visible = control.GetVisiblePositions();
+    EXPECT_TRUE(visible.empty() || visible.back() < rows);
+    const std::int64_t range = control.GetContentHeight() - control.GetViewportHeight();
+    EXPECT_LE(control.GetScrollPosition(), std::max<std::int64_t>(range, 0));
+  }
+  void CheckStatus(const SequenceIndexView& view) {
+    const std::size_t selected = view.GetTree()->GetControl().CountSelected();
+    const std::string total = std::to_string(view.GetTree()->CountRows());
+    EXPECT_EQ(view.GetStatusText()->GetValue(),
+              selected == 0 ? total + " Items"
+                            : std::to_string(selected) + " of " + total + " Item(s) Selected");
+  }
+  /// Wherever the playhead of the active sequence is put, exactly the rows under it are selected.
+  void CheckFollowing(const SequenceIndexView& view) {
+    const auto player = standalone::FindPlayer(host.GetProject().GetActiveSequence());
+    if (!player) return;
+    // Not where it may have been followed to before.
+    const auto time = drafts::Frame(user.Pick(RandomPanelUser::kLongestFrame)) +
+                      qelmediatypes::TickTime(1000 + ++checks);
+    player->SetCurrentPosition(time);
+    EXPECT_EQ(player->GetCurrentPosition(), time);
+    std::vector<std::size_t> expected;
+    const auto& rows = view.GetTree()->GetFilteredList();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      if (rows[i].start <= time && time < rows[i].end) expected.push_back(i);
     }
-    answers.optionsAnswer = [this](const Options&) {
-      if (random() % 3 == 0) return std::optional<Options>();
-      Options options;
-      options.isKeepingGaps = random() % 2 == 0;
-      return std::optional(options);
-    };
+    EXPECT_EQ(GetSelectedPositions(*view.GetTree()), expected);
   }
 
-  std::shared_ptr<SequenceIndexView> GetView() {
-    return std::dynamic_pointer_cast<SequenceIndexView>(host.OpenPanel());
-  }
-  Ref<BE::ISequence> PickSequence() { return sequences[random() % sequences.size()]; }
-
-  void Step() {
-    switch (random() % 10) {
-      case 0:
-        return host.GetProject().ActivateSequence(PickSequence());
-      case 1:
-        return host.GetProject().CloseSequence(PickSequence());
-      case 2:
-      case 3: {
-        const auto name = "edit " + std::to_string(++edits);
-        return host.GetProject().ReplaceSequence(PickSequence(), MakeClips(name, random() % 30));
-      }
-      case 4:
-        return GetView()->GetFilterButton()->Click(random() % 8);
-      case 5:
-        if (random() % 5 == 0) host.ClosePanel();
-        return;
-      case 6:
-        return std::this_thread::sleep_for(std::chrono::microseconds(random() % 300));
-      default:
-        host.GetRuntime().GetMainQueue().RunOne();
-    }
-  }
-
-  std::mt19937 random{GetParam()};
-  standalone::StandaloneHost host;
-  Answers answers;
-  std::vector<Ref<BE::ISequence>> sequences;
-  unsigned edits = 0;
+  RandomPanelUser user{GetParam()};
+  standalone::StandaloneHost& host = user.GetHost();
+  unsigned checks = 0;
 };
 
-TEST_P(StressPanel, EndsShowingTheActiveSequence) {
-  for (unsigned i = 0; i < kSteps; ++i) Step();
-  const auto shown = sequences.front();
-  host.GetProject().ReplaceSequence(shown, MakeClips("last", 7));
+TEST_P(StressPanel, StaysWholeAndEndsShowingTheActiveSequence) {
+  for (unsigned i = 1; i <= kSteps; ++i) {
+    SCOPED_TRACE("seed " + std::to_string(GetParam()) + ", step " + std::to_string(i));
+    user.Step();
+    Check();
+    if (i % kStepsBetweenChecks == 0) SettleAndCheck();
+    if (HasFailure()) return;
+  }
+  user.Settle();
+  const auto shown = user.GetFirstSequence();
+  auto draft = drafts::MakeSequence("last");
+  for (int i = 0; i < 7; ++i) drafts::AddClip(drafts::AddTrack(draft), "last", i * 10, i * 10 + 8);
+  host.GetProject().ReplaceSequence(shown, draft);
   host.GetProject().ActivateSequence(shown);
-  const auto view = GetView();
+  const auto view = user.GetView();
+  view->GetSearchField()->Type(qelcore::UTF8String());
   view->GetFilterButton()->Click(qelui::ui::kModifierControl);
-  host.GetRuntime().Drain();
+  user.Settle();
   EXPECT_EQ(view->GetName(), "Sequence Index: last");
   ASSERT_EQ(view->GetTree()->GetFilteredList().size(), 7U);
   EXPECT_EQ(view->GetTree()->CountRows(), 7U);

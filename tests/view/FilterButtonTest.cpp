@@ -106,6 +106,16 @@ TEST_F(FilterButton, ShowsThatFiltersAreActive) {
   EXPECT_EQ(GetShownToolTip(), std::string(kActive) + "Audio\n");
 }
 
+TEST_F(FilterButton, IsDrawnAnewAsSoonAsItsPictureChanges) {
+  CreateContents();
+  Calls looks;
+  view->GetFilterButton()->UI_SetWatcher(
+      [&] { looks.push_back(std::to_string(GetDecal()) + " " + GetShownToolTip()); });
+  Choose(Select({1}));
+  ASSERT_FALSE(looks.empty());
+  EXPECT_EQ(looks.front(), std::to_string(UIF::kUIFFilterNotificationOnDecal) + " " + kClear);
+}
+
 TEST_F(FilterButton, AControlClickTurnsItOff) {
   CreateContents();
   Choose(Select({1}));

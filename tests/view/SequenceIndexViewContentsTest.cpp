@@ -27,36 +27,70 @@ TEST_F(Contents, AreMarkedAsToolkitViewsAndDoubleBufferedFirst) {
   CreateContents();
   EXPECT_EQ(recording.GetCalls({"SetHasQELChildViews", "EnableDoubleBuffering", "AddChildView"}),
             (Calls{"SetHasQELChildViews(true)", "EnableDoubleBuffering(true)", "AddChildView()",
-                   "AddChildView()", "AddChildView()"}));
+                   "AddChildView()", "AddChildView()", "AddChildView()", "AddChildView()",
+                   "AddChildView()"}));
 }
 
-TEST_F(Contents, StandAtTheirPlacesInTheViewsRectangle) {
-  CreateContents({100, 50, 800, 600});
-  EXPECT_EQ(view->GetSearchField()->UI_GetBounds(), (qelui::Rect{112, 62, 240, 24}));
-  EXPECT_EQ(view->GetFilterButton()->UI_GetBounds(), (qelui::Rect{360, 62, 24, 24}));
-  EXPECT_EQ(view->GetTree()->UI_GetBounds(), (qelui::Rect{112, 92, 776, 546}));
-}
-
-TEST_F(Contents, TheFilterButtonIsEnabledAndAllControlsAreTheViews) {
+TEST_F(Contents, TheFilterButtonIsEnabled) {
   const hostcalls::Recording recording;
   CreateContents();
   EXPECT_EQ(recording.GetCalls({"UI_SetEnabled"}), Calls{"UI_SetEnabled(true)"});
   EXPECT_TRUE(view->GetFilterButton()->UI_IsEnabled());
-  ASSERT_EQ(view->GetChildViews().size(), 3U);
-  EXPECT_EQ(view->GetChildViews()[0].Get(), view->GetSearchField().Get());
-  EXPECT_EQ(view->GetChildViews()[1].Get(), view->GetFilterButton().Get());
-  EXPECT_EQ(view->GetChildViews()[2].Get(), view->GetTree().Get());
 }
 
-TEST_F(Contents, ANewTablesRowsAreEighteenPixelsHigh) {
-  // The table takes 54 pixels less than the view, its header 20 more: five rows of 18 are left.
-  CreateContents({0, 0, 800, 54 + 20 + 90});
+TEST_F(Contents, AllControlsAreTheViewsInTheOrderCreated) {
+  CreateContents();
+  const std::vector<qelui::ui::UI_SubView*> expected{view->GetSearchField().Get(),
+                                                     view->GetFilterButton().Get(),
+                                                     view->GetStatusText().Get(),
+                                                     view->GetRowScaleSlider().Get(),
+                                                     view->GetUpdateSelectionCheckbox().Get(),
+                                                     view->GetTree().Get()};
+  ASSERT_EQ(view->GetChildViews().size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(view->GetChildViews()[i].Get(), expected[i]);
+  }
+}
+
+TEST_F(Contents, EachControlsCallbacksAreRegisteredOnce) {
+  const hostcalls::Recording recording;
+  CreateContents();
+  EXPECT_EQ(recording.GetCalls({"NotifyWhenChanged", "NotifyWhenChangedInteractively", "AddChildView"}),
+            (Calls{"NotifyWhenChangedInteractively()", "NotifyWhenChanged()", "AddChildView()",
+                   "NotifyWhenChanged()", "AddChildView()",  // the filter button
+                   "AddChildView()",                         // the status line
+                   "NotifyWhenChangedInteractively()", "AddChildView()", "NotifyWhenChanged()",
+                   "AddChildView()",  // the checkbox
+                   "AddChildView()"}));
+}
+
+TEST_F(Contents, TheTableIsMadeForRowsOfEighteenPixels) {
+  float heightBefore = 0;
+  const hostcalls::Hook hook("SetRowHeight", [&] { heightBefore = view->GetTree()->GetRowHeight(); });
+  CreateContents();
+  EXPECT_EQ(heightBefore, 18);
+}
+
+TEST_F(Contents, ANewTablesRowsAreTwentyFivePixelsHigh) {
+  // The table takes 54 pixels less than the view, its header 20 more: five rows of 25 are left.
+  CreateContents({0, 0, 800, 54 + 20 + 125});
   auto draft = drafts::MakeSequence();
   auto& track = drafts::AddTrack(draft);
   for (int i = 0; i < 20; ++i) drafts::AddClip(track, "clip", i, i + 1);
   view->GetTree()->SetSequence(AddSequence(std::move(draft)));
   host.Settle();
+  EXPECT_EQ(view->GetTree()->GetRowHeight(), 25);
   EXPECT_EQ(view->GetTree()->GetVisibleRows().size(), 5U);
+}
+
+TEST_F(Contents, TheViewListensToItsTableOnceAndWeakly) {
+  CreateContents();
+  const auto station = view->GetTree()->GetStationID();
+  EXPECT_EQ(CountListeners(station), 1U);
+  const Ref tree = view->GetTree();
+  const std::weak_ptr<SequenceIndexView> watched = view;
+  view.reset();
+  EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(Contents, TakeTheActiveSequenceAsAnActivation) {
@@ -65,8 +99,11 @@ TEST_F(Contents, TakeTheActiveSequenceAsAnActivation) {
   const hostcalls::Recording recording;
   CreateContents();
   EXPECT_EQ(view->GetTree()->GetSequence(), active);
-  EXPECT_EQ(recording.GetCalls({"AddWeakPtrListener", "RemoveListener"}),
-            MakeCalls("AddWeakPtrListener", active));
+  // The table attaches the view to the player once more, which changes nothing.
+  const Calls expected = Join(Join({MakeCall("AddWeakPtrListener", view->GetTree()->GetStationID())},
+                                   MakeCalls("AddWeakPtrListener", active)),
+                              {MakeCall("AddWeakPtrListener", GetStations(active).back())});
+  EXPECT_EQ(recording.GetCalls({"AddWeakPtrListener", "RemoveListener"}), expected);
   EXPECT_EQ(recording.Count("Schedule"), 2U) << "for the sequence, then for the options";
   host.Settle();
   EXPECT_EQ(view->GetTree()->CountRows(), 1U);
@@ -76,8 +113,20 @@ TEST_F(Contents, WithoutAnActiveSequenceOnlyTheOptionsAreHandedOver) {
   const hostcalls::Recording recording;
   CreateContents();
   EXPECT_FALSE(view->GetTree()->GetSequence());
-  EXPECT_EQ(recording.Count("AddWeakPtrListener"), 0U);
+  EXPECT_EQ(recording.Count("AddWeakPtrListener"), 1U) << "to the table";
   EXPECT_EQ(recording.Count("Schedule"), 1U);
+}
+
+TEST_F(Contents, GiveTheTableTheCheckboxTheRowHeightTheFilterButtonsLookAndTheOptionsInThisOrder) {
+  host->GetProject().ActivateSequence(AddSequence(MakeOneClip("active")));
+  const hostcalls::Recording recording;
+  CreateContents();
+  Calls calls = recording.GetCalls(
+      {"Schedule", "Read checkbox", "SetRowHeight", "SetImageState", "UI_SetToolTip"});
+  ASSERT_GE(calls.size(), 2U);
+  calls.erase(calls.begin(), calls.begin() + 2);  // The slider's tooltip and the checkbox's.
+  EXPECT_EQ(calls, (Calls{"Schedule()", "Read checkbox()", "SetRowHeight(25.0)", "SetImageState(0)",
+                          "UI_SetToolTip(Control + Click to clear all filters, 200)", "Schedule()"}));
 }
 
 TEST_F(Contents, WhileAWorkspaceIsBeingLoadedTheTableWaitsForAnActivation) {
@@ -92,19 +141,25 @@ TEST_F(Contents, WhileAWorkspaceIsBeingLoadedTheTableWaitsForAnActivation) {
   EXPECT_EQ(view->GetTree()->GetSequence(), active);
 }
 
-TEST_F(Contents, WithoutATableAClickOnTheFilterButtonDoesNothing) {
+TEST_F(Contents, WithoutATableTheControlsDoNothing) {
   int added = 0;
   const hostcalls::Hook fault("AddChildView", [&] {
-    if (++added == 2) throw std::bad_alloc();
+    if (++added == 5) throw std::bad_alloc();
   });
   EXPECT_THROW(CreateContents(), std::bad_alloc);
-  ASSERT_TRUE(view->GetFilterButton());
+  ASSERT_TRUE(view->GetUpdateSelectionCheckbox());
   ASSERT_FALSE(view->GetTree());
   view->GetFilterButton()->Click(0);
   view->GetFilterButton()->Click(qelui::ui::kModifierControl);
   EXPECT_EQ(answers.optionsCount, 0);
   view->GetSearchField()->Type(qelcore::UTF8String("text"));
   EXPECT_TRUE(view->GetSearchText().Empty());
+  view->GetRowScaleSlider()->DragTo(1);
+  view->GetUpdateSelectionCheckbox()->Click();
+  view->Resize({0, 0, 400, 300});
+  view->NowOnDuty();
+  view->NowOffDuty();
+  EXPECT_TRUE(host.TakeFailures().empty());
 }
 
 TEST_F(Contents, AControlClickResetsTheOptionsWithoutADialog) {
@@ -178,14 +233,20 @@ TEST_F(Contents, ACancelledDialogKeepsTheOptionsAndHandsThemOverAgain) {
   EXPECT_EQ(recording.Count("Schedule"), 1U);
 }
 
-TEST_F(Contents, AClickAfterTheViewIsGoneDoesNothing) {
+TEST_F(Contents, ControlsThatOutliveTheViewDoNothing) {
   CreateContents();
   const auto button = view->GetFilterButton();
+  const auto slider = view->GetRowScaleSlider();
+  const auto checkbox = view->GetUpdateSelectionCheckbox();
   const std::weak_ptr<SequenceIndexView> watched = view;
   view.reset();
-  EXPECT_TRUE(watched.expired()) << "its control's callback must not keep it";
+  EXPECT_TRUE(watched.expired()) << "its controls' callbacks must not keep it";
+  const hostcalls::Recording recording;
   button->Click(0);
+  slider->DragTo(1);
+  checkbox->Click();
   EXPECT_EQ(answers.optionsCount, 0);
+  EXPECT_EQ(recording.Count("SetRowHeight"), 0U);
 }
 
 TEST_F(Contents, SurviveAPanelThatIsClosedWhileTheOptionsDialogIsOpen) {

@@ -32,10 +32,6 @@ class Messages : public ViewFixture {
     view->ReceiveMessage(message);
     return recording.GetCalls({"AddWeakPtrListener", "RemoveListener"});
   }
-  static Calls Join(Calls calls, const Calls& more) {
-    calls.insert(calls.end(), more.begin(), more.end());
-    return calls;
-  }
   std::size_t CountSchedules(const qelcore::messaging::Message& message) {
     const hostcalls::Recording recording;
     view->ReceiveMessage(message);
@@ -94,6 +90,8 @@ TEST_F(Messages, BeforeTheContentsExistNothingHappensAtAll) {
   view->ReceiveMessage(MZ::SequenceOpenedMessage(first, true));
   view->ReceiveMessage(MZ::SequenceClosedMessage(first));
   view->ReceiveMessage(BE::SequenceChangedMessage(first));
+  view->ReceiveMessage(ML::PlayerPositionChangedMessage(ML::PlayerMessageKind::kPositionSet, {}));
+  view->ReceiveMessage(TreeViewItemsSelectionChangedMessage(1, 2));
   EXPECT_TRUE(recording.GetCalls().empty());
 }
 
@@ -196,6 +194,7 @@ TEST_F(Messages, OtherMessagesAreIgnored) {
   ShowFirst();
   const hostcalls::Recording recording;
   view->ReceiveMessage(OtherMessage());
+  view->ReceiveMessage(MZ::TrackItemActivationMessage({{{}, first}}));
   EXPECT_TRUE(recording.GetCalls().empty());
 }
 
@@ -215,7 +214,7 @@ TEST_F(Messages, ActivatingAgainSubscribesOnce) {
   CreateContents();
   for (int i = 0; i < 3; ++i) host->GetProject().ActivateSequence(first);
   for (const auto& station : GetStations(first)) {
-    EXPECT_EQ(host->GetRuntime().GetStations().CountListeners(station), 1U);
+    EXPECT_EQ(CountListeners(station), 1U);
   }
 }
 
@@ -279,8 +278,11 @@ TEST(MessageIDs, AllDiffer) {
       MessageIDOf<BE::MessageNameForTrackGroupChangedMessage>(),
       MessageIDOf<MZ::MessageNameForSequenceOpenedMessage>(),
       MessageIDOf<MZ::MessageNameForSequenceActivatedMessage>(),
-      MessageIDOf<MZ::MessageNameForSequenceClosedMessage>()};
-  EXPECT_EQ(ids.size(), 6U);
+      MessageIDOf<MZ::MessageNameForSequenceClosedMessage>(),
+      MessageIDOf<MZ::MessageNameForTrackItemActivationMessage>(),
+      MessageIDOf<ML::MessageNameForPlayerPositionChangedMessage>(),
+      MessageIDOf<MessageNameForTreeViewItemsSelectionChangedMessage>()};
+  EXPECT_EQ(ids.size(), 9U);
 }
 
 }  // namespace

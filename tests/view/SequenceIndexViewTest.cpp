@@ -19,8 +19,13 @@ using View = ViewFixture;
 using qelcore::Ref;
 
 TEST_F(View, HasNoControlsAndDefaultOptionsBeforeItsContentsExist) {
-  EXPECT_FALSE(view->GetTree());
+  EXPECT_FALSE(view->GetSearchField());
   EXPECT_FALSE(view->GetFilterButton());
+  EXPECT_FALSE(view->GetStatusText());
+  EXPECT_FALSE(view->GetRowScaleSlider());
+  EXPECT_FALSE(view->GetUpdateSelectionCheckbox());
+  EXPECT_FALSE(view->GetTree());
+  EXPECT_TRUE(view->GetSearchText().Empty());
   EXPECT_EQ(view->GetOptions(), MZ::SequenceIndex::Options());
 }
 
@@ -53,6 +58,26 @@ TEST_F(View, TheReservedCommandsAreSwallowed) {
   EXPECT_TRUE(view->ObeyCommand(UIF::Command(36002)));
   EXPECT_TRUE(recording.GetCalls().empty());
   EXPECT_EQ(answers.exportCount, 0);
+}
+
+TEST_F(View, CommandsThatItDoesNotHandleGoToTheBase) {
+  const hostcalls::Recording recording;
+  for (const UIF::CommandID id : {36000U, 36001U, 36002U, 36003U}) {
+    view->ObeyCommand(UIF::Command(id));
+  }
+  EXPECT_EQ(recording.GetCalls(), (Calls{"Base obeys(36000)", "Base obeys(36003)"}))
+      << "without a sequence there is nothing to export";
+}
+
+TEST_F(View, BringsItsWingMenu) {
+  EXPECT_EQ(view->GetWingMenuID(), "Vantrel_Wing_Menu");
+}
+
+TEST_F(View, IsOnDutyWhileTheUserWorksInIt) {
+  view->NowOnDuty();
+  EXPECT_TRUE(view->IsOnDuty());
+  view->NowOffDuty();
+  EXPECT_FALSE(view->IsOnDuty());
 }
 
 // Export
@@ -119,6 +144,7 @@ TEST_F(ViewExport, ACancelledDialogWritesNothingAndIsNotHandled) {
   EXPECT_FALSE(Obey());
   EXPECT_EQ(answers.exportCount, 1);
   EXPECT_EQ(recording.Count("Create file"), 0U);
+  EXPECT_EQ(recording.Count("Base obeys"), 1U);
 }
 
 TEST_F(ViewExport, TheFolderIsJoinedWithABackslashUnlessItEndsWithOne) {
@@ -142,7 +168,9 @@ TEST_F(ViewExport, AWrittenFileIsHandledAndLandsInTheFolder) {
     choice.extension = qelcore::UTF8String(".csv");
     return true;
   };
+  const hostcalls::Recording recording;
   EXPECT_TRUE(Obey());
+  EXPECT_EQ(recording.Count("Base obeys"), 0U);
   std::ifstream stream(folder / "Reel 1.csv", std::ios::binary);
   const std::string text{std::istreambuf_iterator<char>(stream), {}};
   EXPECT_EQ(text,
