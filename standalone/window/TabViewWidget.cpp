@@ -1,0 +1,89 @@
+#include "standalone/window/TabViewWidget.h"
+
+#include <QApplication>
+#include <QPainter>
+
+#include "standalone/runtime/Guard.h"
+#include "standalone/window/ControlWidgets.h"
+#include "standalone/window/PainterDrawbot.h"
+#include "standalone/window/ToolTip.h"
+
+namespace standalone {
+
+TabViewWidget::TabViewWidget(const std::shared_ptr<UIF::TabView>& view, QWidget* parent)
+    : QWidget(parent), weakView(view) {
+  setAccessibleName(ToQString(view->GetName().View()));
+  MakeWidgets(*view);
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](const QWidget*, const QWidget* now) { FocusMoved(now); });
+}
+
+TabViewWidget::~TabViewWidget() {
+  // The focus wanders while the widgets of the controls go.
+  disconnect(qApp, nullptr, this, nullptr);
+  SetOnDuty(false);
+}
+
+void TabViewWidget::MakeWidgets(const UIF::TabView& view) {
+  QWidget* last = nullptr;
+  for (const auto& control : view.GetChildViews()) {
+    QWidget* const widget = MakeControlWidget(control, this);
+    if (widget == nullptr) continue;
+    widgets.emplace_back(control, widget);
+    // Reached by keyboard in the order in which the view added its controls.
+    if (last != nullptr) setTabOrder(last, widget);
+    last = widget;
+  }
+  PlaceWidgets();
+}
+
+void TabViewWidget::PlaceWidgets() {
+  for (const auto& [weakControl, widget] : widgets) {
+    const auto control = weakControl.Lock();
+    if (!control) continue;
+    const auto bounds = control->UI_GetBounds();
+    widget->setGeometry(QRectF(bounds.left, bounds.top, bounds.width, bounds.height).toRect());
+  }
+}
+
+QWidget* TabViewWidget::FindWidget(const qelui::ui::UI_Node& control) const {
+  for (const auto& [weakControl, widget] : widgets) {
+    if (weakControl.Lock().Get() == &control) return widget;
+  }
+  return nullptr;
+}
+
+void TabViewWidget::paintEvent(QPaintEvent*) {
+  const auto view = GetView();
+  if (!view) return;
+  QPainter painter(this);
+  CallGuarded("panel background", [&] {
+    PainterDrawbot drawbot(painter, fonts);
+    view->DrawBackground(drawbot);
+  });
+}
+
+void TabViewWidget::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const auto view = GetView();
+  if (!view) return;
+  CallGuarded("panel layout", [&] {
+    view->Resize({0, 0, static_cast<float>(width()), static_cast<float>(height())});
+  });
+  PlaceWidgets();
+}
+
+// Nothing has the focus while the program is in the background: that ends no work.
+void TabViewWidget::FocusMoved(const QWidget* now) {
+  if (now != nullptr) SetOnDuty(now == this || isAncestorOf(now));
+}
+
+void TabViewWidget::SetOnDuty(bool onDuty) {
+  if (onDuty == isOnDuty) return;
+  isOnDuty = onDuty;
+  const auto view = GetView();
+  if (!view) return;
+  CallGuarded("panel duty", [&] { onDuty ? view->NowOnDuty() : view->NowOffDuty(); });
+}
+
+}  // namespace standalone

@@ -1,0 +1,34 @@
+#include "standalone/window/TextFonts.h"
+
+#include <QApplication>
+#include <QString>
+
+#include "host/qelui/Theme.h"
+
+namespace standalone {
+
+namespace {
+
+constexpr std::uint32_t kPlainTextFont = 0;
+
+QFont MakeFont(const qelcore::UTF8String& name) {
+  QFont font = QApplication::font();
+  const std::string_view family = name.View();
+  if (!name.Empty() && name != qelui::ui::GetFontName(kPlainTextFont)) {
+    font.setFamily(QString::fromUtf8(family.data(), static_cast<qsizetype>(family.size())));
+  }
+  return font;
+}
+
+}  // namespace
+
+const TextFont& TextFonts::Find(const qelcore::UTF8String& name) {
+  for (const auto& entry : entries) {
+    if (entry->name == name) return entry->font;
+  }
+  const QFont font = MakeFont(name);
+  entries.push_back(std::make_unique<Entry>(Entry{name, {font, QFontMetricsF(font)}}));
+  return entries.back()->font;
+}
+
+}  // namespace standalone

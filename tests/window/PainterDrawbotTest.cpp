@@ -1,0 +1,173 @@
+#include "standalone/window/PainterDrawbot.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+
+#include "host/qelui/Theme.h"
+#include "support/SteppedHost.h"
+
+namespace standalone {
+namespace {
+
+constexpr qelui::ColorRGBA kRed{1, 0, 0, 1};
+constexpr qelui::ColorRGBA kBlue{0, 0, 1, 1};
+constexpr qelui::ColorRGBA kBlack{0, 0, 0, 1};
+
+/// White paper of 100 × 60 pixels, at a device pixel ratio.
+class Paper {
+ public:
+  explicit Paper(int scale = 1) : scale(scale), image(100 * scale, 60 * scale, QImage::Format_RGB32) {
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+  }
+
+  template <typename Function>
+  void Draw(Function&& function) {
+    QPainter painter(&image);
+    TextFonts fonts;
+    PainterDrawbot drawbot(painter, fonts);
+    function(drawbot);
+  }
+  /// What is not white, in device pixels.
+  QRect FindInk() const {
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixel(x, y) != qRgb(255, 255, 255)) ink |= QRect(x, y, 1, 1);
+      }
+    }
+    return ink;
+  }
+  int Count(QRgb color) const {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == color ? 1 : 0;
+    }
+    return count;
+  }
+
+  int scale;
+  QImage image;
+};
+
+class OnPaper : public testing::TestWithParam<int> {
+ protected:
+  static qelui::TextLine MakeLine(std::string_view text, const qelui::Rect& room, float centre = 30) {
+    return {qelcore::UTF8String(text), room, centre, kBlack, qelui::ui::GetFontName(0), {}};
+  }
+  /// A rectangle in pixels as one in device pixels.
+  QRect OnDevice(int left, int top, int width, int height) const {
+    return {left * GetParam(), top * GetParam(), width * GetParam(), height * GetParam()};
+  }
+
+  SteppedHost host;
+  Paper paper{GetParam()};
+};
+
+INSTANTIATE_TEST_SUITE_P(Scales, OnPaper, testing::Values(1, 2));
+
+TEST_P(OnPaper, AFilledRectangleHasSharpEdges) {
+  paper.Draw([](PainterDrawbot& drawbot) { drawbot.FillRect({10, 20, 30, 15}, kRed); });
+  EXPECT_EQ(paper.FindInk(), OnDevice(10, 20, 30, 15));
+  EXPECT_EQ(paper.Count(qRgb(255, 0, 0)), 30 * 15 * GetParam() * GetParam());
+}
+
+TEST_P(OnPaper, NeighboursWithAFractionMeetWithoutAGapOrABlend) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    drawbot.FillRect({10, 0, 20, 23.75F}, kRed);
+    drawbot.FillRect({10, 23.75F, 20, 23.75F}, kBlue);
+  });
+  const QRect ink = paper.FindInk();
+  EXPECT_EQ(paper.Count(qRgb(255, 0, 0)) + paper.Count(qRgb(0, 0, 255)), ink.width() * ink.height());
+}
+
+TEST_P(OnPaper, ALineRunsInsideTheEdges) {
+  paper.Draw([](PainterDrawbot& drawbot) { drawbot.StrokeRect({10, 20, 30, 15}, kRed, 1); });
+  EXPECT_EQ(paper.FindInk(), OnDevice(10, 20, 30, 15));
+  EXPECT_EQ(paper.Count(qRgb(255, 0, 0)), (30 * 15 - 28 * 13) * GetParam() * GetParam());
+}
+
+TEST_P(OnPaper, ATranslucentLineIsNowhereLaidTwice) {
+  paper.Draw([](PainterDrawbot& drawbot) { drawbot.StrokeRect({10, 20, 30, 15}, {1, 0, 0, 0.5F}, 2); });
+  const QRgb once = paper.image.pixel(OnDevice(20, 20, 1, 1).topLeft());
+  EXPECT_EQ(paper.Count(once), (30 * 15 - 26 * 11) * GetParam() * GetParam());
+}
+
+TEST_P(OnPaper, NothingIsDrawnWithoutRoom) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    drawbot.FillRect({10, 10, 0, 10}, kRed);
+    drawbot.FillRect({10, 10, 10, -5}, kRed);
+    drawbot.StrokeRect({10, 10, 0, 10}, kRed, 1);
+    drawbot.DrawTextLine(MakeLine("text", {10, 0, 0, 60}));
+    drawbot.DrawTextLine(MakeLine("", {10, 0, 50, 60}));
+  });
+  EXPECT_TRUE(paper.FindInk().isNull());
+}
+
+TEST_P(OnPaper, ATextStandsAtTheLeftEdgeInTheMiddleOfItsHeight) {
+  paper.Draw([](PainterDrawbot& drawbot) { drawbot.DrawTextLine(MakeLine("H", {10, 0, 80, 60})); });
+  const QRect ink = paper.FindInk();
+  EXPECT_GE(ink.left(), 10 * GetParam());
+  EXPECT_LE(ink.left(), 13 * GetParam());
+  EXPECT_NEAR(ink.top() + ink.bottom() + 1, 2 * 30 * GetParam(), 3 * GetParam());
+}
+
+TEST_P(OnPaper, ATextIsCutAtTheRoomsRightEdge) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    drawbot.DrawTextLine(MakeLine("A text that is much too long", {10, 0, 60, 60}));
+  });
+  EXPECT_LT(paper.FindInk().right(), 70 * GetParam());
+  EXPECT_GT(paper.FindInk().right(), 55 * GetParam());
+}
+
+TEST_P(OnPaper, TextsFromRightToLeftStayInTheirRoom) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    drawbot.DrawTextLine(MakeLine("שלום עולם שלום עולם", {20, 0, 60, 60}));
+  });
+  const QRect ink = paper.FindInk();
+  EXPECT_FALSE(ink.isNull());
+  EXPECT_GE(ink.left(), 19 * GetParam());
+  EXPECT_LE(ink.right(), 80 * GetParam());
+}
+
+TEST_P(OnPaper, EmojiAndBrokenTextDrawSomething) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    drawbot.DrawTextLine(MakeLine("\xF0\x9F\x8E\xAC\xFF", {10, 0, 60, 60}));
+  });
+  EXPECT_FALSE(paper.FindInk().isNull());
+}
+
+TEST_P(OnPaper, EachTextHasItsOwnColour) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    auto line = MakeLine("MMM", {10, 0, 80, 30}, 15);
+    line.color = kRed;
+    drawbot.DrawTextLine(line);
+    line.centre = 45;
+    line.color = kBlue;
+    drawbot.DrawTextLine(line);
+  });
+  EXPECT_GT(paper.Count(qRgb(255, 0, 0)), 0);
+  EXPECT_GT(paper.Count(qRgb(0, 0, 255)), 0);
+}
+
+TEST(TextFonts, PlainTextIsInTheApplicationsFont) {
+  const SteppedHost host;
+  TextFonts fonts;
+  EXPECT_EQ(fonts.Find(qelui::ui::GetFontName(0)).font, QApplication::font());
+  EXPECT_EQ(fonts.Find({}).font, QApplication::font());
+}
+
+TEST(TextFonts, EachFontIsMadeOnce) {
+  const SteppedHost host;
+  TextFonts fonts;
+  const TextFont& mono = fonts.Find(qelcore::UTF8String("DejaVu Sans Mono"));
+  EXPECT_EQ(mono.font.family(), QString("DejaVu Sans Mono"));
+  fonts.Find(qelui::ui::GetFontName(0));
+  EXPECT_EQ(&fonts.Find(qelcore::UTF8String("DejaVu Sans Mono")), &mono);
+}
+
+}  // namespace
+}  // namespace standalone
