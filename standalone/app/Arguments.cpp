@@ -20,7 +20,8 @@ using Words = std::vector<std::string>;
 constexpr const char* kAbout =
     "Sequence Index shows the clips and gaps of a timeline as a table.\n"
     "It opens OpenTimelineIO files (.otio) and bundles (.otioz, .otiod).\n"
-    "Without a command, the named files are shown as by \"table\".";
+    "Without a command, it opens a window with the named files where there is a display, and\n"
+    "prints them as \"table\" does elsewhere.";
 
 constexpr const char* kExitCodes =
     "Exit codes: 0 done; 2 the command line, the input or the output is at fault.";
@@ -60,9 +61,19 @@ constexpr const char* kExportExamples =
     "\n"
     "A file that exists is replaced whole, or left as it was.\n";
 
+constexpr const char* kWindowExamples =
+    "Examples:\n"
+    "  sequence-index window\n"
+    "  sequence-index window cut.otio reels.otioz\n"
+    "  sequence-index window cut.otio --media-root /Volumes/Raid=/mnt/raid\n"
+    "\n"
+    "Help > Keyboard Shortcuts says which keys do what.\n";
+
 constexpr const char* kCommands = "Commands";
 
-constexpr std::array<std::string_view, 5> kFirstWords{"table", "export", "-h", "--help", "--version"};
+constexpr std::array<std::string_view, 6> kFirstWords{"table", "export", "window",
+                                                      "-h",    "--help", "--version"};
+constexpr const char* kStream = "-";
 
 std::string WithExitCodes(const char* text) {
   return std::string(text) + "\n" + kExitCodes;
@@ -95,6 +106,15 @@ void AddExport(CLI::App& program, ExportArguments& arguments) {
   AddIndexOptions(*command, arguments.options);
 }
 
+CLI::App* AddWindow(CLI::App& program, WindowArguments& arguments) {
+  CLI::App* const command =
+      program.add_subcommand("window", "Open timelines in a window, with their index beside them");
+  command->group(kCommands)->footer(WithExitCodes(kWindowExamples));
+  command->add_option("FILE", arguments.files, "The timeline files")->type_name("");
+  AddWindowOptions(*command, arguments);
+  return command;
+}
+
 /// The program's commands, and what they were asked for.
 class CommandLine {
  public:
@@ -105,6 +125,7 @@ class CommandLine {
     program.require_subcommand(1);
     tableCommand = AddTable(program, table);
     AddExport(program, exported);
+    windowCommand = AddWindow(program, window);
   }
 
   Arguments Parse(Words words) {
@@ -117,6 +138,7 @@ class CommandLine {
       return std::string(version.what()) + "\n";
     }
     if (tableCommand->parsed()) return table;
+    if (windowCommand->parsed()) return window;
     return exported;
   }
 
@@ -124,7 +146,9 @@ class CommandLine {
   CLI::App program{kAbout, "sequence-index"};
   TableArguments table;
   ExportArguments exported;
+  WindowArguments window;
   CLI::App* tableCommand = nullptr;
+  CLI::App* windowCommand = nullptr;
 };
 
 CommandError MakeCommandError(const CLI::ParseError& error) {
@@ -154,6 +178,20 @@ Arguments ParseAsTable(Words words) {
   }
 }
 
+/// The command line without a command as that of `window`; none when it can't be: options of a table,
+/// or standard input.
+std::optional<WindowArguments> ParseAsWindow(Words words) {
+  if (std::ranges::find(words, kStream) != words.end()) return std::nullopt;
+  words.insert(words.begin(), "window");
+  try {
+    const Arguments arguments = CommandLine().Parse(words);
+    const auto* const window = std::get_if<WindowArguments>(&arguments);
+    return window == nullptr ? std::nullopt : std::optional(*window);
+  } catch (const CLI::ParseError&) {
+    return std::nullopt;
+  }
+}
+
 }  // namespace
 
 void RequireFileOrCommand(const std::string& word) {
@@ -162,13 +200,21 @@ void RequireFileOrCommand(const std::string& word) {
   throw CommandError(word, 0, "There is no such file or command; see sequence-index --help");
 }
 
-Arguments ParseArguments(int argc, const char* const* argv) {
+Arguments ParseArguments(int argc, const char* const* argv, bool hasDisplay) {
   const Words words(argv + std::min(argc, 1), argv + argc);
+  const bool hasCommand =
+      !words.empty() && std::ranges::find(kFirstWords, words.front()) != kFirstWords.end();
+  if (hasCommand) return Parse(words);
+  if (hasDisplay) {
+    if (auto window = ParseAsWindow(words)) {
+      for (const std::string& file : window->files) RequireFileOrCommand(file);
+      return *std::move(window);
+    }
+  }
   if (words.empty()) {
     throw CommandError("Usage: sequence-index [COMMAND] FILE...; see sequence-index --help");
   }
-  const bool hasCommand = std::ranges::find(kFirstWords, words.front()) != kFirstWords.end();
-  return hasCommand ? Parse(words) : ParseAsTable(words);
+  return ParseAsTable(words);
 }
 
 }  // namespace standalone

@@ -47,11 +47,21 @@ struct ExportArguments {
   IndexOptions options;
 };
 
-/// What the user asked for: a command, or the words that answer the question at once (help, version).
-using Arguments = std::variant<TableArguments, ExportArguments, std::string>;
+/// `window [FILE...]`.
+struct WindowArguments {
+  std::vector<std::string> files;
+  ReadingOptions reading;
+  /// None: as each sequence says.
+  std::optional<TimeFormat> timeFormat;
+};
 
-/// Reads the command line. Throws: CommandError with one sentence when it makes no sense.
-Arguments ParseArguments(int argc, const char* const* argv);
+/// What the user asked for: a command, or the words that answer the question at once (help, version).
+using Arguments = std::variant<TableArguments, ExportArguments, WindowArguments, std::string>;
+
+/// Reads the command line. Without a command, files are opened in a window where there is a display,
+/// and shown as a table elsewhere, or when the options are a table's. Throws: CommandError with one
+/// sentence when it makes no sense.
+Arguments ParseArguments(int argc, const char* const* argv, bool hasDisplay);
 
 /// Throws: CommandError when `word`, given where a command or a file can stand, is no existing file.
 void RequireFileOrCommand(const std::string& word);

@@ -21,16 +21,16 @@ void PrintNotes(const std::string& file, const std::vector<ImportNote>& notes) {
   }
 }
 
-std::optional<EffectsList> ReadEffects(const std::optional<std::string>& file) {
-  if (!file) return std::nullopt;
+}  // namespace
+
+std::optional<EffectsList> ReadWantedEffects(const ReadingOptions& options) {
+  if (!options.effectsList) return std::nullopt;
   try {
-    return ReadEffectsList(*file);
+    return ReadEffectsList(*options.effectsList);
   } catch (const ImportError& error) {
-    throw CommandError(*file, error.GetLine(), error.what());
+    throw CommandError(*options.effectsList, error.GetLine(), error.what());
   }
 }
-
-}  // namespace
 
 std::filesystem::path GetInputPath(const std::string& file) {
   return file == kStream ? kStandardInput : file;
@@ -40,7 +40,7 @@ DocumentReader::DocumentReader(const ReadingOptions& options)
     : importOptions{options.mediaRoots},
       isProbing(options.isProbing),
       isReporting(options.isReporting),
-      effects(ReadEffects(options.effectsList)) {}
+      effects(ReadWantedEffects(options)) {}
 
 DocumentDraft DocumentReader::Read(const std::string& file) {
   DocumentDraft document = Import(file);

@@ -15,6 +15,9 @@ namespace standalone {
 /// Where the timeline that a command line names is read from; "-" is standard input.
 std::filesystem::path GetInputPath(const std::string& file);
 
+/// The effects that are there, if a list of them is to be read. Throws: CommandError.
+std::optional<EffectsList> ReadWantedEffects(const ReadingOptions& options);
+
 /// Reads the timeline files of a command, with what else they need. What is noticed goes to standard
 /// error, a line each, and the progress of what takes long to a terminal there.
 class DocumentReader {

@@ -84,6 +84,9 @@ void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
             "A text file that names the effects you have, one\n"
             "a line; others are missing",
             [&options](const std::string& text) { options.effectsList = text; });
+}
+
+void AddReport(CLI::App& command, ReadingOptions& options) {
   command
       .add_flag("--report", options.isReporting,
                 "List on standard error what the index can't show\n"
@@ -91,12 +94,16 @@ void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
       ->group(kReading);
 }
 
-void AddDisplayOptions(CLI::App& command, IndexOptions& options) {
+void AddTimeDisplay(CLI::App& command, std::optional<TimeFormat>& format) {
   AddOption(command, "--time-display", "NAME", kWriting,
             "How times are written, whatever the file says:\n"
             "timecode, frames, feet+frames 16mm, feet+frames\n"
             "35mm, audio samples, milliseconds",
-            [&options](const std::string& text) { options.timeFormat = ReadTimeFormat(text); });
+            [&format](const std::string& text) { format = ReadTimeFormat(text); });
+}
+
+void AddDisplayOptions(CLI::App& command, IndexOptions& options) {
+  AddTimeDisplay(command, options.timeFormat);
   AddOption(
       command, "--short-gap", "FRAMES", kWriting,
       "The longest gap whose neighbours' times are red\n"
@@ -114,7 +121,13 @@ void AddOption(CLI::App& command, const std::string& name, const char* typeName,
 void AddIndexOptions(CLI::App& command, IndexOptions& options) {
   AddRowOptions(command, options);
   AddReadingOptions(command, options.reading);
+  AddReport(command, options.reading);
   AddDisplayOptions(command, options);
+}
+
+void AddWindowOptions(CLI::App& command, WindowArguments& arguments) {
+  AddReadingOptions(command, arguments.reading);
+  AddTimeDisplay(command, arguments.timeFormat);
 }
 
 }  // namespace standalone

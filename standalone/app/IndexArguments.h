@@ -23,4 +23,7 @@ void AddOption(CLI::App& command, const std::string& name, const char* typeName,
 /// Adds the options that every command has that shows an index. `options` must outlive the parse.
 void AddIndexOptions(CLI::App& command, IndexOptions& options);
 
+/// Adds the options of a window, which leaves what to show to the user. As above.
+void AddWindowOptions(CLI::App& command, WindowArguments& arguments);
+
 }  // namespace standalone

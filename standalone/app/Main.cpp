@@ -8,6 +8,7 @@
 #include "standalone/app/ExportCommand.h"
 #include "standalone/app/StandardOutput.h"
 #include "standalone/app/TableCommand.h"
+#include "standalone/app/WindowCommand.h"
 
 namespace {
 
@@ -22,6 +23,10 @@ int Run(const standalone::TableArguments& arguments) {
 int Run(const standalone::ExportArguments& arguments) {
   standalone::RunExport(arguments);
   return kDone;
+}
+
+int Run(const standalone::WindowArguments& arguments) {
+  return standalone::RunWindow(arguments);
 }
 
 int Run(const std::string& words) {
@@ -39,7 +44,7 @@ int Fail(const std::string& line) {
 int main(int argc, char** argv) {
   try {
     return std::visit([](const auto& wish) { return Run(wish); },
-                      standalone::ParseArguments(argc, argv));
+                      standalone::ParseArguments(argc, argv, standalone::HasDisplay()));
   } catch (const standalone::CommandError& error) {
     return Fail(error.GetLine());
   } catch (const std::exception& failure) {

@@ -42,6 +42,10 @@ void MediaProbe::LookAtFiles() {
   }
 }
 
+bool MediaProbe::HasFoundFiles() const noexcept {
+  return std::ranges::any_of(entries, [](const Entry& entry) { return entry.look.has_value(); });
+}
+
 void MediaProbe::ReadFiles(const MediaReader& reader) {
   ForEach(
       unread.size(), [&](std::size_t i) { ReadFile(reader, entries[unread[i]]); },

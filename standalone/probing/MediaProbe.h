@@ -24,6 +24,8 @@ class MediaProbe {
   /// Looks at all files, and takes what was read before from those that look the same.
   void LookAtFiles();
   bool HasFilesToRead() const noexcept { return !unread.empty(); }
+  /// Whether any file is there, read before or not.
+  bool HasFoundFiles() const noexcept;
   void ReadFiles(const MediaReader& reader);
   /// Looks again: what changed meanwhile is growing, and is not remembered.
   void LookForGrowth();

@@ -20,6 +20,7 @@ ProbeOutcome MediaProber::Probe(DocumentDraft& document, const ProbeProgress& pr
   if (found != nullptr) probe.ReadFiles(*found);
   probe.LookForGrowth();
   outcome.readCount = probe.CountReads();
+  outcome.hasFoundFiles = probe.HasFoundFiles();
   outcome.isCancelled = probe.IsCancelled();
   if (!outcome.isCancelled) probe.Fill(document);
   if (outcome.isCancelled) reader = nullptr;

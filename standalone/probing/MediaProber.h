@@ -27,6 +27,8 @@ struct ProbeProgress {
 struct ProbeOutcome {
   /// Files that were read now, whatever came of it.
   std::size_t readCount = 0;
+  /// Whether any of the document's media files is there: otherwise they told nothing.
+  bool hasFoundFiles = false;
   /// The probe was cancelled: nothing was filled, but what was read is remembered.
   bool isCancelled = false;
   /// One sentence when media files can't be read at all here, given once; otherwise empty.

@@ -30,4 +30,14 @@ std::uint64_t ToDropFrameNumber(std::uint64_t frame, std::uint64_t nominalRate, 
   return frame + dropped * shortMinutes;
 }
 
+std::uint64_t FromDropFrameNumber(std::uint64_t number, std::uint64_t nominalRate,
+                                  std::uint64_t dropped) {
+  const std::uint64_t fullMinute = nominalRate * kSecondsPerMinute;
+  const std::uint64_t minutes = number / fullMinute;
+  const std::uint64_t inMinute = number % fullMinute;
+  const bool isLeftOut = minutes % kCycleMinutes != 0 && inMinute < dropped;
+  const std::uint64_t carried = isLeftOut ? number + dropped - inMinute : number;
+  return carried - dropped * (minutes - minutes / kCycleMinutes);
+}
+
 }  // namespace standalone

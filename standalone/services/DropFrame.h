@@ -14,4 +14,8 @@ std::uint64_t CountDroppedNumbers(qelmediatypes::TickTime frameDuration, std::ui
 /// The number that a frame carries when `dropped` numbers a minute are left out. [any-thread]
 std::uint64_t ToDropFrameNumber(std::uint64_t frame, std::uint64_t nominalRate, std::uint64_t dropped);
 
+/// The frame that carries a number; for a number that is left out, the frame after it. [any-thread]
+std::uint64_t FromDropFrameNumber(std::uint64_t number, std::uint64_t nominalRate,
+                                  std::uint64_t dropped);
+
 }  // namespace standalone

@@ -14,9 +14,9 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-Arguments Parse(std::vector<const char*> words) {
+Arguments Parse(std::vector<const char*> words, bool hasDisplay = false) {
   words.insert(words.begin(), "sequence-index");
-  return ParseArguments(static_cast<int>(words.size()), words.data());
+  return ParseArguments(static_cast<int>(words.size()), words.data(), hasDisplay);
 }
 
 TableArguments ParseTable(const std::vector<const char*>& words) {
@@ -30,6 +30,39 @@ std::string GetErrorLine(const std::vector<const char*>& words) {
     return error.GetLine();
   }
   return "no error";
+}
+
+TEST(Arguments, AFileAloneIsOpenedInAWindowWhereThereIsADisplay) {
+  const auto arguments = std::get<WindowArguments>(Parse({SOURCE_FOLDER "/samples/demo.otio"}, true));
+  EXPECT_THAT(arguments.files, ElementsAre(SOURCE_FOLDER "/samples/demo.otio"));
+}
+
+TEST(Arguments, NothingAtAllOpensAWindowWhereThereIsADisplay) {
+  EXPECT_TRUE(std::get<WindowArguments>(Parse({}, true)).files.empty());
+}
+
+TEST(Arguments, OptionsOfATableAskForATableAlsoWhereThereIsADisplay) {
+  EXPECT_TRUE(std::holds_alternative<TableArguments>(Parse({"cut.otio", "--gaps"}, true)));
+  EXPECT_TRUE(std::holds_alternative<TableArguments>(Parse({"-"}, true)));
+}
+
+TEST(Arguments, AWindowIsNotOpenedForAFileThatIsNotThere) {
+  try {
+    Parse({"tabel"}, true);
+    FAIL();
+  } catch (const CommandError& error) {
+    EXPECT_THAT(error.GetLine(), HasSubstr("There is no such file or command"));
+  }
+}
+
+TEST(Arguments, AWindowTakesTheOptionsOfReading) {
+  const auto arguments = std::get<WindowArguments>(
+      Parse({"window", "a.otio", "b.otio", "--no-probe", "--media-root", "/a=/b", "--effects-list",
+             "fx.txt", "--time-display", "frames"}));
+  EXPECT_THAT(arguments.files, ElementsAre("a.otio", "b.otio"));
+  EXPECT_FALSE(arguments.reading.isProbing);
+  EXPECT_EQ(arguments.reading.effectsList, "fx.txt");
+  EXPECT_EQ(arguments.timeFormat, TimeFormat::kFrames);
 }
 
 TEST(Arguments, AFileAloneIsShownAsATable) {

@@ -1,0 +1,168 @@
+#!/usr/bin/env python3
+"""window_run.py PROGRAM DEMO PICTURES
+
+The program in a real window, from the first click to the exported file: rows, search, columns, slider,
+checkbox, playhead, export. Pictures of the screen are left in the folder PICTURES, for people.
+"""
+
+import csv
+import os
+import subprocess
+import sys
+import tempfile
+
+sys.dont_write_bytecode = True
+
+from desktop import (CELL, CHECKBOX, FIELD, MENU_ITEM, SLIDER, Desktop, Display, middle,  # noqa: E402
+                     wait_for)
+
+SEARCH = "ada"
+COLUMN = "Tape Name"
+TIMELINE_NAMES_WIDTH, RULER_MIDDLE = 120, 14
+
+
+def check(what, is_so):
+    if not is_so:
+        raise AssertionError(f"not so: {what}")
+
+
+def get_selected(desktop):
+    """The names of the clips whose rows are selected."""
+    return [cell["name"] for cell in find_column(desktop, "Harbour before dawn") if "selected" in cell]
+
+
+def find_column(desktop, name):
+    """The cells of the column in which a name stands."""
+    cells = desktop.find_all(role=CELL)
+    left = next((cell["area"][0] for cell in cells if cell["name"] == name), None)
+    return [cell for cell in cells if cell["area"][0] == left]
+
+
+def select_rows(desktop):
+    desktop.click(desktop.wait(role=CELL, name="Main title"))
+    desktop.wait(name="1 of 110 Item(s) Selected")
+    # In a panel that is worked in, the playhead goes to the one row that is selected.
+    desktop.wait(name="Playhead time", value="01:00:01:00")
+    desktop.press("shift+Down")
+    desktop.wait(name="2 of 110 Item(s) Selected")
+
+
+def select_in_timeline(desktop):
+    desktop.click(desktop.wait(role=CHECKBOX, name="Update Timeline Selection"))
+    desktop.wait(role=CHECKBOX, checked=True)
+    desktop.click(desktop.wait(role=CELL, name="Bell"))
+    desktop.wait(name="1 selected in the timeline")
+
+
+def scale_rows(desktop):
+    height = desktop.wait(role=CELL, name="Main title")["area"][3]
+    slider = desktop.wait(role=SLIDER)
+    x, y, width, _ = slider["area"]
+    desktop.drag((x + 5, middle(slider)[1]), (x + width - 4, middle(slider)[1]))
+    wait_for("higher rows", lambda: desktop.wait(role=CELL, name="Main title")["area"][3] > 2 * height)
+    desktop.press("ctrl+0")
+    wait_for("low rows", lambda: desktop.wait(role=CELL, name="Main title")["area"][3] == height)
+
+
+def move_playhead(desktop):
+    x, y, width, _ = desktop.wait(name="Timeline")["area"]
+    before = get_selected(desktop)
+    desktop.click_at(x + TIMELINE_NAMES_WIDTH + (width - TIMELINE_NAMES_WIDTH) // 20, y + RULER_MIDDLE)
+    wait_for("rows at the playhead", lambda: get_selected(desktop) not in ([], before))
+    check("the time has changed", not desktop.find(name="Playhead time", value="01:00:01:20"))
+
+
+def search(desktop, count):
+    desktop.press("ctrl+f")
+    desktop.wait(role=FIELD, name="Search", focused=True)
+    desktop.type(SEARCH)
+    wait_for(f"{count} rows found", lambda: len(find_column(desktop, "1")) == count)
+    # Letters that a text takes are no keys of the transport.
+    check("nothing plays", desktop.find(name="Play"))
+
+
+def choose_column(desktop):
+    x, y, _, _ = desktop.wait(role=CELL, name="1")["area"]
+    columns = len(desktop.find_all(role=CELL))
+    desktop.click_at(x + 60, y - 10, 3)
+    desktop.wait(role=MENU_ITEM, name=COLUMN)
+    desktop.press("Home")
+    while not desktop.wait(role=MENU_ITEM, name=COLUMN).get("focused"):
+        was_at = desktop.names(MENU_ITEM, focused=True)
+        desktop.press("Down")
+        wait_for("the next entry", lambda: desktop.names(MENU_ITEM, focused=True) != was_at)
+    desktop.press("Return")
+    desktop.wait_until_gone(role=MENU_ITEM, name=COLUMN)
+    wait_for("one more column", lambda: len(desktop.find_all(role=CELL)) > columns)
+
+
+def export(desktop, output):
+    desktop.press("ctrl+e")
+    desktop.wait(role=FIELD, name="Name", focused=True)
+    desktop.press("ctrl+a")
+    desktop.type(os.path.basename(output).removesuffix(".csv"))
+    desktop.wait(role=FIELD, name="Name", value=os.path.basename(output).removesuffix(".csv"))
+    desktop.click(desktop.find(role=FIELD, name="Folder"))
+    desktop.press("ctrl+a")
+    desktop.type(os.path.dirname(output))
+    desktop.wait(role=FIELD, name="Folder", value=os.path.dirname(output))
+    desktop.press("Return")
+    wait_for("the exported file", lambda: os.path.exists(output))
+    desktop.wait_until_gone(role=FIELD, name="Folder")
+
+
+def export_by_command(program, demo, *options):
+    """The file's bytes."""
+    return subprocess.run([program, "export", demo, "--search", SEARCH, *options, "-o", "-"], check=True,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
+
+
+def read_lines(output):
+    return list(csv.reader(output.decode("utf-8-sig").splitlines()))
+
+
+def run(program, demo, display, folder, pictures):
+    take_picture = lambda name: display.take_picture(os.path.join(pictures, name))  # noqa: E731
+    output = os.path.join(folder, "from the window.csv")
+    count = len(read_lines(export_by_command(program, demo))) - 1
+    desktop = Desktop(program, display, folder, [demo])
+    try:
+        desktop.wait_until_read("Harbour before dawn")
+        take_picture("opened.png")
+        select_rows(desktop)
+        select_in_timeline(desktop)
+        take_picture("selected.png")
+        scale_rows(desktop)
+        move_playhead(desktop)
+        take_picture("playhead.png")
+        search(desktop, count)
+        choose_column(desktop)
+        take_picture("searched.png")
+        export(desktop, output)
+        desktop.press("ctrl+q")
+        check("the program ends well", desktop.wait_for_end() == 0)
+    except BaseException:
+        take_picture("failed.png")
+        raise
+    finally:
+        desktop.end()
+    with open(output, "rb") as file:
+        written = file.read()
+    columns = read_lines(written)[0]
+    check("the chosen column is exported", COLUMN in columns)
+    check("the command line exports the same",
+          written == export_by_command(program, demo, "--columns", ",".join(columns)))
+
+
+def main():
+    program, demo, pictures = map(os.path.abspath, sys.argv[1:])
+    os.makedirs(pictures, exist_ok=True)
+    display = Display("1280x800")
+    try:
+        with tempfile.TemporaryDirectory() as folder:
+            run(program, demo, display, folder, pictures)
+    finally:
+        display.close()
+
+
+main()
