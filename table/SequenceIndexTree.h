@@ -35,9 +35,9 @@ namespace Vantrel {
 ///
 /// Threads: [main-thread], except RefreshDataListsAndTreeViewAsync. The data mutex guards everything
 /// that a build reads or stores: sequence, options, filter groups, search text, threshold, next and
-/// current lists.
-/// The current lists change on the main thread only, so readers there need no lock. Lock order: the
-/// data mutex before any lock of the host's; no broadcast and no dialog under it.
+/// current lists. The current lists change on the main thread only, so readers there need no lock. Lock
+/// order: the data mutex before any lock of the host's; no broadcast, no move of the player and no
+/// dialog under it.
 ///
 /// Cells are drawn when the host asks, from the current filtered list.
 ///
@@ -127,6 +127,7 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   void AttachOwnerToPlayer() const;
   void MovePlayer(qelmediatypes::TickTime position);
   void ScrollToTime(qelmediatypes::TickTime time);
+  /// False, and nothing done, without a player.
   bool SyncToPlayerPosition();
 
   void BuildNextItemDataLists();
@@ -163,9 +164,10 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   qelmediatypes::TickTime lastSynchronisedTime;
   /// Counts what brings the whole selection into line: followed times and new rows.
   std::size_t synchronisationNumber = 0;
-  /// Rows are being exchanged; and lists arrived meanwhile, so that it has to be done once more.
+  /// Rows are being exchanged.
   bool isFillingRows = false;
-  bool isFillingRowsAgain = false;
+  /// The lists are newer than the rows, which have to be exchanged, or exchanged once more.
+  bool areListsNewer = false;
 };
 
 }  // namespace Vantrel

@@ -169,7 +169,7 @@ bool SequenceIndexTree::ApplyNextItemDataLists() {
 // Who hears that the old rows are deselected may run an event loop, and with it a step that brings
 // newer lists. That step leaves the rows to this one, which knows the row at the top.
 void SequenceIndexTree::PopulateTreeRows() {
-  isFillingRowsAgain = true;
+  areListsNewer = true;
   if (isFillingRows) return;
   FillRows();
   if (!SyncToPlayerPosition()) BroadcastCounts();
@@ -178,7 +178,7 @@ void SequenceIndexTree::PopulateTreeRows() {
 void SequenceIndexTree::FillRows() {
   const FlagUntilEnd filling(isFillingRows);
   const std::size_t firstVisible = GetFirstVisiblePosition();
-  while (std::exchange(isFillingRowsAgain, false)) ReplaceRows();
+  while (std::exchange(areListsNewer, false)) ReplaceRows();
   ScrollToPosition(firstVisible);
 }
 

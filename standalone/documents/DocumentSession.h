@@ -61,8 +61,8 @@ class STANDALONE_API DocumentObserver {
 /// other, and shown as soon as they are read; what their media files tell follows. Nothing here waits.
 ///
 /// Reading a file again replaces the content of its sequences, matched by name and then by order, so
-/// that panels keep their place. A file that has become unreadable leaves what is shown as it is.
-/// [main-thread]
+/// that panels keep their place; it is shown once, with what its media files tell. A file that has
+/// become unreadable leaves what is shown as it is. [main-thread]
 class STANDALONE_API DocumentSession {
  public:
   /// `project` and `observer` outlive the session.

@@ -80,6 +80,12 @@ void DocumentSession::State::TimelineLoaded(const SharedJob& job,
     Fail(job->file, outcome.trouble);
     return End(job);
   }
+  if (outcome.result->draft && Find(job->file) != nullptr) {
+    // Shown in one go: what media files told must not vanish from the panel for a moment.
+    DocumentDraft draft = *std::exchange(outcome.result->draft, std::nullopt);
+    job->heldBack = *std::move(outcome.result);
+    return LoadMedia(job, std::move(draft));
+  }
   Show(job->file, *outcome.result);
   // Whoever was told may have cancelled it.
   if (IsObsolete(job) || !outcome.result->draft || Find(job->file) == nullptr) return End(job);
@@ -104,12 +110,22 @@ void DocumentSession::State::LoadMedia(const SharedJob& job, DocumentDraft draft
 void DocumentSession::State::MediaLoaded(const SharedJob& job,
                                          LoadingOutcome<PreparedDocument>& outcome) {
   if (!outcome.note.empty() && job == current) observer.MediaFilesCantBeRead(outcome.note);
-  if (!IsObsolete(job) && !outcome.trouble.sentence.empty()) {
-    Fail(job->file, outcome.trouble);
-  } else if (!IsObsolete(job) && outcome.result && Find(job->file) != nullptr) {
-    ReplaceContents(job->file, *std::move(outcome.result));
-  }
+  if (!IsObsolete(job)) ShowMediaFacts(*job, outcome);
   End(job);
+}
+
+void DocumentSession::State::ShowMediaFacts(LoadingJob& job,
+                                            LoadingOutcome<PreparedDocument>& outcome) {
+  auto heldBack = std::exchange(job.heldBack, std::nullopt);
+  if (heldBack && Find(job.file) != nullptr) {
+    if (outcome.result) heldBack->prepared = *std::exchange(outcome.result, std::nullopt);
+    Show(job.file, *heldBack);
+  }
+  if (!outcome.trouble.sentence.empty()) {
+    Fail(job.file, outcome.trouble);
+  } else if (outcome.result && Find(job.file) != nullptr) {
+    ReplaceContents(job.file, *std::move(outcome.result));
+  }
 }
 
 void DocumentSession::State::End(const SharedJob& job) {

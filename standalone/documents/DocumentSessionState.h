@@ -55,6 +55,7 @@ class DocumentSession::State : public std::enable_shared_from_this<DocumentSessi
   void LoadMedia(const SharedJob& job, DocumentDraft draft);
   void TimelineLoaded(const SharedJob& job, LoadingOutcome<LoadedDocument>& outcome);
   void MediaLoaded(const SharedJob& job, LoadingOutcome<PreparedDocument>& outcome);
+  void ShowMediaFacts(LoadingJob& job, LoadingOutcome<PreparedDocument>& outcome);
   void End(const SharedJob& job);
   bool IsObsolete(const SharedJob& job) const { return job != current || job->isCancelled; }
 

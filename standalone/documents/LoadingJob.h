@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "standalone/documents/DocumentLoading.h"
 #include "standalone/import/TimelineReader.h"
 
 namespace standalone {
@@ -37,6 +38,8 @@ struct LoadingJob {
   std::atomic<double> fraction = 0;
   /// A report of progress waits for the main thread.
   std::atomic<bool> isReporting = false;
+  /// What was read anew of an open file, until its media files have been read too. [main-thread]
+  std::optional<LoadedDocument> heldBack;
 };
 
 /// What came of a step: a result, trouble, or neither, if it was cancelled or had nothing to add.

@@ -17,3 +17,16 @@ if(NOT SEQUENCE_INDEX_SANITIZE)
   endif()
   set_tests_properties(${checks} PROPERTIES LABELS unit TIMEOUT 120)
 endif()
+
+# The desktop program on a display of its own. Pictures of the screen are kept for people.
+find_program(SEQUENCE_INDEX_PYTHON python3 REQUIRED)
+add_test(NAME Window.ARunFromTheFirstClickToTheExportedFile
+         COMMAND ${SEQUENCE_INDEX_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/window_run.py
+                 $<TARGET_FILE:sequence-index> ${PROJECT_SOURCE_DIR}/samples/demo.otio
+                 ${CMAKE_BINARY_DIR}/screenshots)
+add_test(NAME Window.EndedAtAnyMomentItLeavesNoHalfWrittenFile
+         COMMAND ${SEQUENCE_INDEX_PYTHON} ${CMAKE_CURRENT_LIST_DIR}/window_kills.py
+                 $<TARGET_FILE:sequence-index>)
+set_tests_properties(Window.ARunFromTheFirstClickToTheExportedFile
+                     Window.EndedAtAnyMomentItLeavesNoHalfWrittenFile
+                     PROPERTIES LABELS window TIMEOUT 120)

@@ -11,7 +11,7 @@ import time
 GIVEN_UP_AFTER = 20
 
 # Roles of QAccessible.
-WINDOW, MENU_ITEM, CELL, FIELD, CHECKBOX, SLIDER = 9, 12, 29, 42, 44, 51
+WINDOW, MENU_ITEM, CELL, LABEL, FIELD, CHECKBOX, SLIDER = 9, 12, 29, 41, 42, 44, 51
 
 
 def wait_for(what, condition):
@@ -119,6 +119,11 @@ class Desktop:
 
     def type(self, text):
         self.do("type", "--delay", 2, text)
+
+    def activate(self, title):
+        """Brings the keys to a window, as a window manager does when a dialog ends."""
+        self.do("search", "--onlyvisible", "--name", title, "windowfocus", "--sync")
+        self.wait(role=WINDOW, active=True)
 
     def wait_for_end(self):
         return self.process.wait(GIVEN_UP_AFTER)

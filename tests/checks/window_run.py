@@ -13,12 +13,13 @@ import tempfile
 
 sys.dont_write_bytecode = True
 
-from desktop import (CELL, CHECKBOX, FIELD, MENU_ITEM, SLIDER, Desktop, Display, middle,  # noqa: E402
-                     wait_for)
+from desktop import (CELL, CHECKBOX, FIELD, LABEL, MENU_ITEM, SLIDER, Desktop,  # noqa: E402
+                     Display, middle, wait_for)
 
 SEARCH = "ada"
 COLUMN = "Tape Name"
-TIMELINE_NAMES_WIDTH, RULER_MIDDLE = 120, 14
+# Measures of what is drawn without being a widget.
+TIMELINE_NAMES_WIDTH, RULER_MIDDLE, HEADER_MIDDLE = 120, 14, 10
 
 
 def check(what, is_so):
@@ -27,15 +28,8 @@ def check(what, is_so):
 
 
 def get_selected(desktop):
-    """The names of the clips whose rows are selected."""
-    return [cell["name"] for cell in find_column(desktop, "Harbour before dawn") if "selected" in cell]
-
-
-def find_column(desktop, name):
-    """The cells of the column in which a name stands."""
-    cells = desktop.find_all(role=CELL)
-    left = next((cell["area"][0] for cell in cells if cell["name"] == name), None)
-    return [cell for cell in cells if cell["area"][0] == left]
+    """What stands in the selected rows."""
+    return desktop.names(CELL, selected=True)
 
 
 def select_rows(desktop):
@@ -76,15 +70,16 @@ def search(desktop, count):
     desktop.press("ctrl+f")
     desktop.wait(role=FIELD, name="Search", focused=True)
     desktop.type(SEARCH)
-    wait_for(f"{count} rows found", lambda: len(find_column(desktop, "1")) == count)
+    wait_for(f"{count} rows found",
+             lambda: any(f"{count} Item" in name for name in desktop.names(LABEL)))
     # Letters that a text takes are no keys of the transport.
     check("nothing plays", desktop.find(name="Play"))
 
 
 def choose_column(desktop):
-    x, y, _, _ = desktop.wait(role=CELL, name="1")["area"]
-    columns = len(desktop.find_all(role=CELL))
-    desktop.click_at(x + 60, y - 10, 3)
+    first = desktop.wait(role=CELL)["area"]
+    count = len(desktop.find_all(role=CELL))
+    desktop.click_at(first[0] + 60, first[1] - HEADER_MIDDLE, 3)
     desktop.wait(role=MENU_ITEM, name=COLUMN)
     desktop.press("Home")
     while not desktop.wait(role=MENU_ITEM, name=COLUMN).get("focused"):
@@ -93,7 +88,7 @@ def choose_column(desktop):
         wait_for("the next entry", lambda: desktop.names(MENU_ITEM, focused=True) != was_at)
     desktop.press("Return")
     desktop.wait_until_gone(role=MENU_ITEM, name=COLUMN)
-    wait_for("one more column", lambda: len(desktop.find_all(role=CELL)) > columns)
+    wait_for("one more column", lambda: len(desktop.find_all(role=CELL)) > count)
 
 
 def export(desktop, output):
@@ -139,6 +134,7 @@ def run(program, demo, display, folder, pictures):
         choose_column(desktop)
         take_picture("searched.png")
         export(desktop, output)
+        desktop.activate("demo.otio")
         desktop.press("ctrl+q")
         check("the program ends well", desktop.wait_for_end() == 0)
     except BaseException:

@@ -12,18 +12,23 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <algorithm>
+#include <filesystem>
+#include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
 #include "desktop/DesktopFixture.h"
-#include "host/qelcore/File.h"
+#include "host/qelcore/Files.h"
 #include "support/Process.h"
 
 namespace standalone {
 namespace {
 
 using qelcore::UTF8String;
+using namespace qelcore::filesupport;
 
 class ExportDialogTest : public DesktopFixture {
  protected:
@@ -106,9 +111,9 @@ TEST_F(ExportDialogTest, TheFileIsTheOneThatTheHostWrites) {
     const ExportChoice choice = dialog->GetChoice();
     std::string path(choice.folder.View());
     path.append("\\").append(choice.fileName.View()).append(choice.extension.View());
-    qelcore::file::File file{UTF8String(path)};
-    file.Create();
-    file.Close();
+    File file(path, StorageType::kPlatformFile);
+    file.Create(false);
+    OPlatformByteStream(file, OPlatformByteStream::kWrite).Close();
     EXPECT_TRUE(std::filesystem::exists(dialog->GetFile().toStdString()));
     std::filesystem::remove(dialog->GetFile().toStdString());
   }

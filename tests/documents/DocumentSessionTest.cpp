@@ -40,6 +40,21 @@ TEST_F(DocumentSessionTest, TheTimelineIsShownBeforeItsMediaFilesAreRead) {
   EXPECT_THAT(calls, ElementsAre("changed a.otio", "changed a.otio", "ended a.otio"));
 }
 
+TEST_F(DocumentSessionTest, AFileThatIsReadAgainIsShownOnceWithWhatItsMediaTell) {
+  Write("clip.mov", "no picture at all");
+  const auto file = Write("a.otio", MakeFile({"One"}, 10, "clip.mov"));
+  Open(file);
+  journal.Take();
+  Write("a.otio", MakeFile({"Other"}, 20, "clip.mov"));
+  session->Reload(file);
+  RunOneStep();
+  EXPECT_THAT(journal.Take(), IsEmpty());
+  EXPECT_EQ(GetActiveName(), "One");
+  host.Settle();
+  EXPECT_EQ(GetActiveName(), "Other");
+  EXPECT_THAT(journal.Take(), ElementsAre("changed a.otio", "ended a.otio"));
+}
+
 TEST_F(DocumentSessionTest, MediaFilesThatAreNotThereChangeNothing) {
   Open(Write("a.otio", MakeFile({"One"}, 10, "clip.mov")));
   EXPECT_THAT(journal.Take(), ElementsAre("changed a.otio", "ended a.otio"));
