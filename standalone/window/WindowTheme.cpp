@@ -5,15 +5,9 @@
 #include <QWidget>
 
 #include "standalone/window/Colors.h"
+#include "standalone/window/WindowStyle.h"
 
 namespace standalone {
-
-namespace {
-
-/// The one style of every system that draws all of a widget in the palette's colours.
-constexpr const char* kStyle = "Fusion";
-
-}  // namespace
 
 QPalette MakePalette(const ThemeColors& colors) {
   const QColor text = ToQColor(colors.text);
@@ -33,8 +27,8 @@ QPalette MakePalette(const ThemeColors& colors) {
 }
 
 void ApplyTheme() {
-  if (QApplication::style()->name().compare(kStyle, Qt::CaseInsensitive) != 0) {
-    QApplication::setStyle(kStyle);
+  if (dynamic_cast<const WindowStyle*>(QApplication::style()) == nullptr) {
+    QApplication::setStyle(new WindowStyle());
   }
   const ThemeColors& colors = GetThemeColors();
   QPalette palette = MakePalette(colors);

@@ -189,7 +189,7 @@ TEST_F(ExportDialogTest, AFolderIsBrowsedFor) {
   EXPECT_EQ(GetField(*dialog, "Folder").text(), GetFolder());
   browse([&](QFileDialog& chooser) {
     chooser.selectFile(GetFolder() + "/deliveries");
-    chooser.done(QDialog::Accepted);
+    static_cast<QDialog&>(chooser).accept();
   });
   EXPECT_EQ(GetField(*dialog, "Folder").text(), GetFolder() + "/deliveries");
 }
