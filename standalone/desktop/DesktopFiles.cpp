@@ -28,7 +28,13 @@ QString MakePlace(const QString& file, std::size_t line) {
 }  // namespace
 
 void DesktopWindow::OpenFiles(const std::vector<std::filesystem::path>& files) {
-  for (const auto& file : files) session->Open(file);
+  for (const auto& file : files) OpenFile(file);
+}
+
+void DesktopWindow::OpenFile(const std::filesystem::path& file) {
+  session->Open(file);
+  // Also when the first thing that is heard of it is its end.
+  if (session->IsBusy() && loadingBar->isHidden()) loadingBar->Show(file, LoadingStep::kTimeline, 0);
 }
 
 void DesktopWindow::AskForFiles() {
@@ -38,7 +44,7 @@ void DesktopWindow::AskForFiles() {
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setFileMode(QFileDialog::ExistingFiles);
   connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList& files) {
-    for (const QString& file : files) session->Open(file.toStdString());
+    for (const QString& file : files) OpenFile(file.toStdString());
   });
   dialog->open();
 }
@@ -47,7 +53,7 @@ void DesktopWindow::FillRecentFiles(QMenu& menu) {
   menu.clear();
   for (const QString& file : recentFiles.GetFiles()) {
     QString name = file;
-    menu.addAction(name.replace('&', "&&"), [this, file] { session->Open(file.toStdString()); });
+    menu.addAction(name.replace('&', "&&"), [this, file] { OpenFile(file.toStdString()); });
   }
   const bool isEmpty = menu.isEmpty();
   menu.addSeparator();
@@ -111,7 +117,7 @@ void DesktopWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void DesktopWindow::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls()) {
-    if (url.isLocalFile()) session->Open(url.toLocalFile().toStdString());
+    if (url.isLocalFile()) OpenFile(url.toLocalFile().toStdString());
   }
   event->acceptProposedAction();
 }

@@ -86,6 +86,7 @@ class STANDALONE_API DesktopWindow final : public QMainWindow, private DocumentO
   void PlacePanel();
 
   // Files: DesktopFiles.cpp.
+  void OpenFile(const std::filesystem::path& file);
   void AskForFiles();
   void FillRecentFiles(QMenu& menu);
   void ReloadActiveFile();

@@ -9,6 +9,19 @@
 
 namespace standalone {
 
+namespace {
+
+/// Bytes that are drawn of a text at most: more than fit on a screen's width, even of the narrowest
+/// letters. Measuring a text takes time for its length.
+std::size_t CountBytesInReach(float width) {
+  constexpr float kBytesPerPixel = 4;
+  constexpr float kFewest = 4096;
+  constexpr float kMost = 4'000'000;
+  return static_cast<std::size_t>(std::clamp(width * kBytesPerPixel, kFewest, kMost));
+}
+
+}  // namespace
+
 void PainterDrawbot::FillRect(const qelui::Rect& area, const qelui::ColorRGBA& color) {
   if (!(area.width > 0 && area.height > 0)) return;
   painter.fillRect(QRectF(area.left, area.top, area.width, area.height), ToQColor(color));
@@ -38,7 +51,7 @@ qreal PainterDrawbot::FindBaseline(const QFontMetricsF& metrics, float centre) c
 void PainterDrawbot::DrawTextLine(const qelui::TextLine& line) {
   if (line.text.Empty() || !(line.room.width > 0)) return;
   const TextFont& font = fonts.Find(line.fontName);
-  DecodeLine(line.text.View(), text);
+  DecodeLine(line.text.View().substr(0, CountBytesInReach(line.room.width)), text);
   CutLine(text, font.metrics, line.room.width, line.ellipsis);
   if (text.isEmpty()) return;
   if (current != &font) painter.setFont(font.font);

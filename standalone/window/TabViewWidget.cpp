@@ -7,6 +7,7 @@
 #include "standalone/window/ControlWidgets.h"
 #include "standalone/window/PainterDrawbot.h"
 #include "standalone/window/ToolTip.h"
+#include "standalone/window/TreeWidget.h"
 
 namespace standalone {
 
@@ -30,6 +31,8 @@ void TabViewWidget::MakeWidgets(const UIF::TabView& view) {
     QWidget* const widget = MakeControlWidget(control, this);
     if (widget == nullptr) continue;
     widgets.emplace_back(control, widget);
+    // A table is what the panel is there for, and has no words of its own.
+    if (dynamic_cast<TreeWidget*>(widget) != nullptr) widget->setAccessibleName(accessibleName());
     // Reached by keyboard in the order in which the view added its controls.
     if (last != nullptr) setTabOrder(last, widget);
     last = widget;

@@ -51,7 +51,8 @@ QAccessibleInterface* TreeAccessible::FindCell(int row, int column) const {
   if (const auto found = cells.find(key); found != cells.end()) {
     return QAccessible::accessibleInterface(found->second);
   }
-  if (cells.size() >= kMostCells) ForgetCells();
+  // Names of columns are few, and a cell asks for its own: that must not cost it its life.
+  if (row != CellAccessible::kHeaderRow && cells.size() >= kMostCells) ForgetCells();
   auto* const cell = new CellAccessible(tree, row, column);
   cells.emplace(key, QAccessible::registerAccessibleInterface(cell));
   return cell;
@@ -142,6 +143,8 @@ int TreeAccessible::selectedCellCount() const {
 // At most as many as are known at a time: whoever selected a million rows asks for the rows.
 QList<QAccessibleInterface*> TreeAccessible::selectedCells() const {
   QList<QAccessibleInterface*> found;
+  // Those found first must still be known when the last is.
+  if (cells.size() > kMostCells / 2) ForgetCells();
   for (const int row : selectedRows()) {
     for (int column = 0; column < columnCount(); ++column) {
       if (static_cast<std::size_t>(found.size()) >= kMostCells / 2) return found;

@@ -133,7 +133,7 @@ bool TreeHeader::IsOnBorder(int x) const {
   const int margin = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
   for (int i = 0; i < count(); ++i) {
     const int right = sectionViewportPosition(i) + sectionSize(i);
-    if (!isSectionHidden(i) && std::abs(x - right) <= margin) return true;
+    if (!isSectionHidden(i) && std::abs(x - right) < margin) return true;
   }
   return false;
 }
@@ -161,6 +161,11 @@ void TreeHeader::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void TreeHeader::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons() == Qt::NoButton) {
+    // Another window got the release.
+    grip.reset();
+    ShowMoving(false);
+  }
   const int way = grip ? std::abs(event->position().toPoint().x() - grip->x()) : 0;
   if (grip && way >= QApplication::startDragDistance()) ShowMoving(true);
   QHeaderView::mouseMoveEvent(event);

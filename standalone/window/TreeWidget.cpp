@@ -61,7 +61,12 @@ TreeWidget::TreeWidget(const qelcore::Ref<Tree>& tree, QWidget* parent)
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   header->SetFitFunction([this](std::size_t displayIndex) { FitColumn(displayIndex); });
   treeWatch = NodeWatch(
-      tree, [this] { FollowSoon(); }, [this] { FollowSoon(); });
+      tree, [this] { FollowSoon(); },
+      [this] {
+        // Another control may get the same address.
+        place.reset();
+        FollowSoon();
+      });
   Follow();
 }
 
@@ -70,7 +75,9 @@ TreeWidget::~TreeWidget() {
   headerWatch = NodeWatch();
   // It uses members that go before the children do.
   delete header;
-  if (const auto tree = GetTree()) tree->GetControl().SetViewportHeight(std::nullopt);
+  const auto tree = GetTree();
+  if (!tree) return;
+  CallGuarded("closing a table", [&] { tree->GetControl().SetViewportHeight(std::nullopt); });
 }
 
 void TreeWidget::FollowSoon() {
@@ -81,16 +88,22 @@ void TreeWidget::FollowSoon() {
       this, [this] { Follow(); }, Qt::QueuedConnection);
 }
 
+void TreeWidget::FollowNow() {
+  if (isFollowPending) Follow();
+}
+
 void TreeWidget::Follow() {
   isFollowPending = false;
   if (isFollowing) return;
   const QScopedValueRollback following(isFollowing, true);
   const auto tree = GetTree();
   if (tree) {
-    setFocusPolicy(tree->GetControl().WantsKeyboardFocus() ? Qt::StrongFocus : Qt::NoFocus);
-    FollowHeaderRow(*tree);
-    FollowRows(*tree);
-    AnnounceChanges(*tree);
+    CallGuarded("showing a table", [&] {
+      setFocusPolicy(tree->GetControl().WantsKeyboardFocus() ? Qt::StrongFocus : Qt::NoFocus);
+      FollowHeaderRow(*tree);
+      FollowRows(*tree);
+      AnnounceChanges(*tree);
+    });
   } else {
     header->SetHeaderRow(nullptr);
     SetBar(*verticalScrollBar(), 0, 0, 0, 0);
@@ -133,11 +146,15 @@ void TreeWidget::FollowRows(Tree& tree) {
 void TreeWidget::FollowScrollBars(const Tree& tree) {
   const auto& control = tree.GetControl();
   const int page = viewport()->height();
-  SetBar(*verticalScrollBar(), ToBarValue(control.GetContentHeight() - page), page,
+  const int columnsWidth = GetColumns().GetTotalWidth();
+  // Two bars must not stay for the room that only they take.
+  const QSize whole = maximumViewportSize();
+  const bool fits = columnsWidth <= whole.width() && control.GetContentHeight() <= whole.height();
+  SetBar(*verticalScrollBar(), fits ? 0 : ToBarValue(control.GetContentHeight() - page), page,
          std::max(static_cast<int>(std::lround(tree.GetRowHeight())), 1),
          ToBarValue(control.GetScrollPosition()));
   const int width = viewport()->width();
-  SetBar(*horizontalScrollBar(), std::max(GetColumns().GetTotalWidth() - width, 0), width, kColumnStep,
+  SetBar(*horizontalScrollBar(), fits ? 0 : std::max(columnsWidth - width, 0), width, kColumnStep,
          horizontalScrollBar()->value());
 }
 
@@ -176,7 +193,11 @@ QRect TreeWidget::GetCellArea(std::size_t position, std::size_t column) {
 
 std::size_t TreeWidget::GetCurrentColumn() {
   const ColumnSpans& shown = GetColumns();
-  if (pressedColumn && *pressedColumn < shown.GetShown().size()) return *pressedColumn;
+  const auto wasPressed = [this](const ColumnSpan& column) { return column.id == pressedColumn; };
+  const auto pressed = std::ranges::find_if(shown.GetShown(), wasPressed);
+  if (pressed != shown.GetShown().end()) {
+    return static_cast<std::size_t>(pressed - shown.GetShown().begin());
+  }
   return shown.FindAt(horizontalScrollBar()->value()).value_or(0);
 }
 

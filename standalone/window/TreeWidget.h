@@ -77,15 +77,20 @@ class STANDALONE_API TreeWidget final : public QAbstractScrollArea {
   };
 
   void FollowSoon();
+  /// Does what FollowSoon has put off: scroll bars that the user's input starts from are up to date.
+  void FollowNow();
   void FollowHeaderRow(const Tree& tree);
   void FollowRows(Tree& tree);
   void FollowScrollBars(const Tree& tree);
   void PlaceHeader();
   void AnnounceChanges(const Tree& tree);
+  /// False for a key that means nothing here, as it stands now: it is left to the window.
   bool DoKey(Tree& tree, const QKeyEvent& event);
+  bool ScrollColumns(const QKeyEvent& event);
   void DoPress(QMouseEvent& event);
   void DoDrag(Tree& tree, QPoint place, std::uint32_t modifiers);
   void ScrollWithDrag();
+  void EndDrag();
   bool HasSelectionFocus() const;
   std::optional<std::size_t> FindPosition(const Tree& tree, int y) const;
   int FindNameWidth(const TreeHeader::HeaderRow& headerRow, std::size_t displayIndex);
@@ -107,7 +112,8 @@ class STANDALONE_API TreeWidget final : public QAbstractScrollArea {
   /// Where the pointer is, perhaps outside.
   QPoint dragPoint;
   QBasicTimer dragScroll;
-  std::optional<std::size_t> pressedColumn;
+  /// The identifier of the column pressed last.
+  std::optional<std::uint32_t> pressedColumn;
   bool isFollowPending = false;
   bool isFollowing = false;
 };

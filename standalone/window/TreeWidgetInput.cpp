@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -11,6 +12,7 @@
 #include "standalone/runtime/Guard.h"
 #include "standalone/toolkit/TreeControl.h"
 #include "standalone/window/InputEvents.h"
+#include "standalone/window/RowsText.h"
 #include "standalone/window/TreeWidget.h"
 
 namespace standalone {
@@ -41,7 +43,12 @@ bool TreeWidget::event(QEvent* event) {
       FollowSoon();
       break;
     case QEvent::WindowActivate:
+      viewport()->update();
+      break;
     case QEvent::WindowDeactivate:
+    case QEvent::Hide:
+      // A dialog that opens during a drag gets the release of the button.
+      EndDrag();
       viewport()->update();
       break;
     default:
@@ -54,15 +61,18 @@ void TreeWidget::resizeEvent(QResizeEvent*) {
   Follow();
 }
 
-void TreeWidget::scrollContentsBy(int dx, int) {
+void TreeWidget::scrollContentsBy(int dx, int dy) {
   const auto tree = GetTree();
   if (!tree || isFollowing) return;
-  if (dx != 0) header->Follow(GetColumns(), horizontalScrollBar()->value());
-  CallGuarded(kWhere, [&] { tree->GetControl().ScrollTo(verticalScrollBar()->value()); });
   viewport()->update();
+  if (dx != 0) header->Follow(GetColumns(), horizontalScrollBar()->value());
+  // A move to the sides leaves alone where the table may have scrolled since the last Follow.
+  if (dy == 0) return;
+  CallGuarded(kWhere, [&] { tree->GetControl().ScrollTo(verticalScrollBar()->value()); });
 }
 
 void TreeWidget::wheelEvent(QWheelEvent* event) {
+  FollowNow();
   QPointF way = FindWheelWay(*event, verticalScrollBar()->singleStep());
   // Shift turns the wheel sideways.
   if (event->modifiers().testFlag(Qt::ShiftModifier) && way.x() == 0) way = way.transposed();
@@ -76,17 +86,31 @@ void TreeWidget::wheelEvent(QWheelEvent* event) {
 
 bool TreeWidget::DoKey(Tree& tree, const QKeyEvent& event) {
   auto& control = tree.GetControl();
+  if (event.modifiers().testAnyFlags(Qt::AltModifier | Qt::MetaModifier)) return false;
   const std::uint32_t modifiers = ToModifiers(event.modifiers());
-  if (const auto move = FindRowMove(event.key())) {
+  const auto move = FindRowMove(event.key());
+  if (move && tree.CountRows() > 0) {
     control.MoveCurrent(*move, modifiers);
-  } else if (event.key() == Qt::Key_Space) {
+  } else if (event.key() == Qt::Key_Space && control.GetCurrent()) {
     control.SelectCurrent(modifiers);
   } else if (event.matches(QKeySequence::SelectAll)) {
     control.SelectAll();
-  } else if (event.key() == Qt::Key_Left) {
-    horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+  } else if (event.matches(QKeySequence::Copy) && control.CountSelected() > 0) {
+    QApplication::clipboard()->setText(CopyRows(tree));
+  } else {
+    return ScrollColumns(event);
+  }
+  return true;
+}
+
+bool TreeWidget::ScrollColumns(const QKeyEvent& event) {
+  const bool isModified = (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
+  QScrollBar& bar = *horizontalScrollBar();
+  if (isModified || bar.maximum() == 0) return false;
+  if (event.key() == Qt::Key_Left) {
+    bar.triggerAction(QAbstractSlider::SliderSingleStepSub);
   } else if (event.key() == Qt::Key_Right) {
-    horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    bar.triggerAction(QAbstractSlider::SliderSingleStepAdd);
   } else {
     return false;
   }
@@ -130,7 +154,9 @@ void TreeWidget::DoPress(QMouseEvent& event) {
   if (!tree) return;
   const QPoint point = event.position().toPoint();
   const auto position = FindPosition(*tree, point.y());
-  pressedColumn = GetColumns().FindAt(point.x() + horizontalScrollBar()->value());
+  const auto column = GetColumns().FindAt(point.x() + horizontalScrollBar()->value());
+  pressedColumn.reset();
+  if (column) pressedColumn = GetColumns().GetShown()[*column].id;
   // A callback may end the window.
   const QPointer<TreeWidget> self(this);
   CallGuarded(kWhere, [&] {
@@ -171,6 +197,7 @@ void TreeWidget::mouseMoveEvent(QMouseEvent* event) {
 
 // The farther beyond the edge, the faster.
 void TreeWidget::ScrollWithDrag() {
+  FollowNow();
   const auto tree = GetTree();
   if (!tree || !dragged) return dragScroll.stop();
   const int beyond = dragPoint.y() < 0 ? dragPoint.y() : dragPoint.y() - viewport()->height() + 1;
@@ -187,7 +214,10 @@ void TreeWidget::timerEvent(QTimerEvent* event) {
 }
 
 void TreeWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton) return;
+  if (event->button() == Qt::LeftButton) EndDrag();
+}
+
+void TreeWidget::EndDrag() {
   dragged.reset();
   dragScroll.stop();
 }

@@ -18,6 +18,7 @@ from desktop import (CELL, CHECKBOX, FIELD, LABEL, MENU_ITEM, SLIDER, Desktop,  
 
 SEARCH = "ada"
 COLUMN = "Tape Name"
+OPEN = "Open the file afterwards"
 # Measures of what is drawn without being a widget.
 TIMELINE_NAMES_WIDTH, RULER_MIDDLE, HEADER_MIDDLE = 120, 14, 10
 
@@ -101,6 +102,8 @@ def export(desktop, output):
     desktop.press("ctrl+a")
     desktop.type(os.path.dirname(output))
     desktop.wait(role=FIELD, name="Folder", value=os.path.dirname(output))
+    desktop.press("alt+o")
+    wait_for("no wish to open the file", lambda: not desktop.find(name=OPEN, checked=True))
     desktop.press("Return")
     wait_for("the exported file", lambda: os.path.exists(output))
     desktop.wait_until_gone(role=FIELD, name="Folder")

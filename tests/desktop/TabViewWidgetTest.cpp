@@ -121,26 +121,26 @@ TEST_F(Panel, AClickOnTheFilterButtonAsksAndOneWithControlClears) {
 
 TEST_F(Panel, ThePanelIsOnDutyWhileTheFocusIsInIt) {
   elsewhere.setFocus();
-  EXPECT_FALSE(view->GetTree()->IsOnDuty());
+  EXPECT_FALSE(view->IsOnDuty());
   Find<TreeWidget>().setFocus();
-  EXPECT_TRUE(view->GetTree()->IsOnDuty());
+  EXPECT_TRUE(view->IsOnDuty());
   Find<QLineEdit>().setFocus();
-  EXPECT_TRUE(view->GetTree()->IsOnDuty());
+  EXPECT_TRUE(view->IsOnDuty());
   elsewhere.setFocus();
-  EXPECT_FALSE(view->GetTree()->IsOnDuty());
+  EXPECT_FALSE(view->IsOnDuty());
 }
 
 TEST_F(Panel, AProgramInTheBackgroundLeavesItOnDuty) {
   Find<QLineEdit>().setFocus();
   Find<QLineEdit>().clearFocus();
   EXPECT_EQ(QApplication::focusWidget(), nullptr);
-  EXPECT_TRUE(view->GetTree()->IsOnDuty());
+  EXPECT_TRUE(view->IsOnDuty());
 }
 
 TEST_F(Panel, AWidgetThatGoesEndsTheDuty) {
   Find<TreeWidget>().setFocus();
   delete panel;
-  EXPECT_FALSE(view->GetTree()->IsOnDuty());
+  EXPECT_FALSE(view->IsOnDuty());
 }
 
 TEST_F(Panel, AWidgetOutlivesItsView) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QTextDocument>
 #include <QToolTip>
 #include <string>
@@ -13,15 +14,17 @@ namespace {
 class Laid {
  public:
   explicit Laid(const QString& toolTip) {
-    document.setDefaultFont(QToolTip::font());
-    document.setDocumentMargin(0);
+    label.setFont(QToolTip::font());
+    label.setWordWrap(true);
+    label.setText(toolTip);
     document.setHtml(toolTip);
   }
-  double GetWidth() const { return document.idealWidth(); }
-  double GetHeight() const { return document.size().height(); }
+  int GetWidth() const { return label.sizeHint().width(); }
+  int GetHeight() const { return label.sizeHint().height(); }
   std::string GetText() const { return document.toPlainText().trimmed().toStdString(); }
 
  private:
+  QLabel label;
   QTextDocument document;
 };
 
@@ -48,7 +51,7 @@ TEST(ToolTip, AShortTextTakesNoMoreRoomThanItNeeds) {
 }
 
 TEST(ToolTip, LinesBreakWhereTheTextSaysSo) {
-  const double line = Laid(MakeToolTip("one", 200)).GetHeight();
+  const int line = Laid(MakeToolTip("one", 200)).GetHeight();
   for (const std::uint32_t width : {0U, 200U}) {
     const Laid three(MakeToolTip("one\ntwo\nthree\n", width));
     EXPECT_NEAR(three.GetHeight(), 3 * line, 2) << width;

@@ -123,6 +123,18 @@ TEST_P(OnPaper, ATextIsCutAtTheRoomsRightEdge) {
   EXPECT_GT(paper.FindInk().right(), 55 * GetParam());
 }
 
+TEST_P(OnPaper, AMillionLettersAreCutAsAHundredAre) {
+  const auto drawTimes = [&](int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += "dé";
+    paper.image.fill(Qt::white);
+    paper.Draw([&](PainterDrawbot& drawbot) { drawbot.DrawTextLine(MakeLine(text, {10, 0, 60, 60})); });
+    return paper.image.copy();
+  };
+  const QImage few = drawTimes(100);
+  EXPECT_EQ(drawTimes(1'000'000), few);
+}
+
 TEST_P(OnPaper, TextsFromRightToLeftStayInTheirRoom) {
   paper.Draw([](PainterDrawbot& drawbot) {
     drawbot.DrawTextLine(MakeLine("שלום עולם שלום עולם", {20, 0, 60, 60}));

@@ -157,6 +157,23 @@ TEST_F(Accessible, AMillionRowsCostNoCells) {
   EXPECT_EQ(GetCellText(0, 0), "0 1");
 }
 
+TEST_F(Accessible, AllSelectedCellsAreKnownThoughManyOthersWereAskedFor) {
+  AppendRows(*tree, 1900);
+  for (int i = 0; i < 4000; ++i) GetTable().cellAt(1999 - i / 3, i % 3);
+  for (std::size_t row = 0; row < 200; ++row) tree->SelectRow(tree->GetRow(row), true);
+  const auto found = GetTable().selectedCells();
+  ASSERT_EQ(found.size(), 600);
+  for (int i = 0; i < 600; ++i) EXPECT_EQ(GetTable().cellAt(i / 3, i % 3), found[i]) << i;
+}
+
+TEST_F(Accessible, AskingForTheNameOfItsColumnNeverCostsACellItsLife) {
+  AppendRows(*tree, 1900);
+  const auto last = QAccessible::uniqueId(GetTable().cellAt(0, 0));
+  for (int i = 1; i < 4096; ++i) GetTable().cellAt(i / 3, i % 3);
+  GetTable().cellAt(0, 0)->tableCellInterface()->columnHeaderCells();
+  EXPECT_EQ(QAccessible::uniqueId(GetTable().cellAt(0, 0)), last);
+}
+
 TEST_F(Accessible, TheModulesTableSpeaks) {
   Vantrel::GetColumnLayoutStore().clear();
   auto index = qelcore::Ref(new Vantrel::SequenceIndexTree({}, 0, kRowHeight));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QScrollBar>
 #include <QTest>
 #include <stdexcept>
@@ -17,6 +18,12 @@ class Gestures : public WindowFixture {
   }
   void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(widget.get(), static_cast<Qt::Key>(key), modifiers);
+  }
+  /// False: the key is left to the window.
+  bool IsTaken(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QKeyEvent event(QEvent::KeyPress, key, modifiers);
+    QApplication::sendEvent(widget.get(), &event);
+    return event.isAccepted();
   }
   Positions GetRows() const { return GetSelected(*tree); }
   std::optional<std::size_t> GetCurrent() const { return tree->GetControl().GetCurrent(); }
@@ -75,6 +82,29 @@ TEST_F(Gestures, ADragBeyondTheEdgeScrolls) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return tree->GetControl().GetScrollPosition() == 0; }));
   EXPECT_EQ(GetRows(), (Positions{0, 1, 2}));
   QTest::mouseRelease(widget->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(50, -15));
+}
+
+TEST_F(Gestures, ADragEndsWhenItsWindowIsNoLongerTheActiveOne) {
+  for (const QEvent::Type type : {QEvent::WindowDeactivate, QEvent::Hide}) {
+    QTest::mousePress(widget->viewport(), Qt::LeftButton, Qt::NoModifier, FindCell(*widget, 2));
+    QTest::mouseMove(widget->viewport(), FindCell(*widget, 3));
+    QEvent event(type);
+    QApplication::sendEvent(widget.get(), &event);
+    QTest::mouseMove(widget->viewport(), FindCell(*widget, 6));
+    EXPECT_EQ(GetRows(), (Positions{2, 3}));
+    QTest::mouseRelease(widget->viewport(), Qt::LeftButton, Qt::NoModifier, FindCell(*widget, 6));
+  }
+}
+
+TEST_F(Gestures, ADragGoesOnWithNewRows) {
+  QTest::mousePress(widget->viewport(), Qt::LeftButton, Qt::NoModifier, FindCell(*widget, 5));
+  tree->RemoveAllRows(true, true);
+  AppendRows(*tree, 3);
+  QTest::mouseMove(widget->viewport(), FindCell(*widget, 1));
+  EXPECT_EQ(GetRows(), Positions{1});
+  QTest::mouseMove(widget->viewport(), QPoint(50, 150));
+  EXPECT_EQ(GetRows(), (Positions{1, 2}));
+  QTest::mouseRelease(widget->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 150));
 }
 
 TEST_F(Gestures, ADragThatBeganBelowTheRowsSelectsNothing) {
@@ -169,9 +199,39 @@ TEST_F(Gestures, ArrowsToTheSidesScrollTheColumns) {
 }
 
 TEST_F(Gestures, OtherKeysAreLeftToTheWindow) {
-  QKeyEvent key(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
-  QApplication::sendEvent(widget.get(), &key);
-  EXPECT_FALSE(key.isAccepted());
+  for (const int key : {Qt::Key_F5, Qt::Key_J, Qt::Key_K, Qt::Key_L, Qt::Key_Return, Qt::Key_Escape}) {
+    EXPECT_FALSE(IsTaken(key)) << key;
+  }
+  EXPECT_FALSE(IsTaken(Qt::Key_Down, Qt::AltModifier));
+  EXPECT_FALSE(IsTaken(Qt::Key_Home, Qt::MetaModifier));
+  EXPECT_TRUE(IsTaken(Qt::Key_Down, Qt::KeypadModifier));
+}
+
+TEST_F(Gestures, ArrowsToTheSidesAreLeftToTheWindowUnlessTheyScroll) {
+  EXPECT_FALSE(IsTaken(Qt::Key_Left));
+  EXPECT_FALSE(IsTaken(Qt::Key_Right));
+  widget->resize(Room(200, 200));
+  Settle();
+  EXPECT_TRUE(IsTaken(Qt::Key_Left));
+  EXPECT_TRUE(IsTaken(Qt::Key_Right));
+  EXPECT_FALSE(IsTaken(Qt::Key_Right, Qt::ShiftModifier));
+}
+
+TEST_F(Gestures, AnEmptyTableLeavesKeysToTheWindow) {
+  tree->RemoveAllRows(false, true);
+  for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End, Qt::Key_Space}) {
+    EXPECT_FALSE(IsTaken(key)) << key;
+  }
+}
+
+TEST_F(Gestures, ControlCCopiesTheSelectedRows) {
+  QApplication::clipboard()->setText("before");
+  EXPECT_FALSE(IsTaken(Qt::Key_C, Qt::ControlModifier));
+  EXPECT_EQ(QApplication::clipboard()->text(), QString("before"));
+  Click(2);
+  Click(4, Qt::ControlModifier);
+  EXPECT_TRUE(IsTaken(Qt::Key_C, Qt::ControlModifier));
+  EXPECT_EQ(QApplication::clipboard()->text(), QString("A\tB\tC\n2 1\t2 2\t2 3\n4 1\t4 2\t4 3\n"));
 }
 
 TEST_F(Gestures, ACallbackThatEndsTheWindowIsSurvived) {

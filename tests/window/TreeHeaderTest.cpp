@@ -94,6 +94,26 @@ TEST_F(Header, ADragToTheLeftMovesAColumnToo) {
   EXPECT_EQ(GetSectionNames(), (Names{"C", "A", "B"}));
 }
 
+TEST_F(Header, ADragMovesAColumnThatIsScrolledSideways) {
+  widget->resize(Room(200, 200));
+  Settle();
+  widget->horizontalScrollBar()->setValue(70);
+  Drag({80, 10}, {190, 10});
+  EXPECT_EQ(GetNames(), (Names{"A", "C", "B"}));
+  EXPECT_EQ(GetSectionNames(), (Names{"A", "C", "B"}));
+  EXPECT_EQ(headerRow->GetScrollOffset(), 70);
+}
+
+TEST_F(Header, ADragWhoseReleaseWasLostIsOver) {
+  Press({50, 10});
+  Move({120, 10});
+  QMouseEvent move(QEvent::MouseMove, QPointF(150, 10), QPointF(150, 10), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
+  QApplication::sendEvent(GetSurface(), &move);
+  EXPECT_FALSE(headerRow->HasColumnMoveCursor());
+  Release({150, 10});
+}
+
 TEST_F(Header, ARefusedMoveSnapsBack) {
   headerRow->SetAllowColumnMovingByUser(false, false);
   Drag({50, 10}, {190, 10});
@@ -201,6 +221,14 @@ TEST_F(Header, KeysOpenTheMenuBelowTheColumnPressedLast) {
     EXPECT_EQ(event.GetClickCount(), 1U);
     EXPECT_EQ(event.GetPosition(), (qelui::Point{100, kHeaderHeight}));
   }
+}
+
+TEST_F(Header, KeysOpenTheMenuBelowThePressedColumnsNewPlace) {
+  QTest::mouseClick(widget->viewport(), Qt::LeftButton, Qt::NoModifier, FindCell(*widget, 1, 1));
+  headerRow->MoveColumnByUser(2, 3);
+  QTest::keyClick(widget.get(), Qt::Key_Menu);
+  ASSERT_EQ(headerRow->events.size(), 1U);
+  EXPECT_EQ(headerRow->events[0].GetPosition().x, 200);
 }
 
 TEST_F(Header, KeysOpenTheMenuBelowTheFirstColumnSeenOtherwise) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QScrollBar>
 #include <stdexcept>
 #include <string>
 #include <tuple>
@@ -241,6 +242,31 @@ TEST_F(PlainPicture, WhatACellDrawsBeyondItsEdgesIsCutOff) {
   EXPECT_TRUE(picture.IsAll(FindCellInPicture(*widget, 0, 1), QColor(0, 255, 0)));
   EXPECT_TRUE(picture.IsAll(FindCellInPicture(*widget, 0, 0), row));
   EXPECT_TRUE(picture.IsAll(FindCellInPicture(*widget, 0, 2), row));
+}
+
+TEST_F(PlainPicture, CellsMeetWithoutASeamAtEveryPixelRatio) {
+  const auto tree = MakeTree(20, 47.5F);
+  for (std::uint32_t id = 1; id <= 3; ++id) {
+    tree->GetHeaderRow()->SetColumnWidth(id, 101.0F + static_cast<float>(id) * 22);
+  }
+  Draw(*tree, [](qelui::Drawbot& drawbot, Tree::Row*, std::size_t, const qelui::Rect& cell) {
+    drawbot.FillRect(cell, {0, 1, 0, 1});
+  });
+  const auto widget = Show(tree);
+  widget->horizontalScrollBar()->setValue(13);
+  widget->verticalScrollBar()->setValue(33);
+  for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+    QWidget& surface = *widget->viewport();
+    QImage image((QSizeF(surface.size()) * ratio).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    surface.render(&image);
+    int otherCount = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x)
+        otherCount += image.pixel(x, y) == qRgb(0, 255, 0) ? 0 : 1;
+    }
+    EXPECT_EQ(otherCount, 0) << ratio;
+  }
 }
 
 TEST_F(PlainPicture, CellsAreGivenTheirPlaceInTheControl) {

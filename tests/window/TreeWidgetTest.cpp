@@ -4,6 +4,7 @@
 
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <limits>
 
 #include "window/WindowFixture.h"
 
@@ -176,6 +177,46 @@ TEST_F(ShownTree, TheWheelWithShiftScrollsSideways) {
   Turn(*widget, {}, {0, -120}, Qt::ShiftModifier);
   EXPECT_EQ(tree->GetControl().GetScrollPosition(), 0);
   EXPECT_EQ(widget->horizontalScrollBar()->value(), QApplication::wheelScrollLines() * 20);
+}
+
+TEST_F(ShownTree, TheWheelGoesOnFromWhereTheTableHasJustScrolled) {
+  const auto tree = MakeTree(100);
+  const auto widget = Show(tree);
+  tree->ScrollRowIntoView(tree->GetRow(50), true, true, true);
+  Turn(*widget, {}, {0, -120});
+  EXPECT_EQ(tree->GetControl().GetScrollPosition(), 1000 + QApplication::wheelScrollLines() * 20);
+}
+
+TEST_F(ShownTree, AMoveToTheSidesLeavesAloneWhereTheTableHasJustScrolled) {
+  const auto tree = MakeTree(100);
+  const auto widget = Show(tree, Room(200, 200));
+  tree->ScrollRowIntoView(tree->GetRow(50), true, true, true);
+  widget->horizontalScrollBar()->setValue(30);
+  Settle();
+  EXPECT_EQ(tree->GetControl().GetScrollPosition(), 1000);
+  EXPECT_EQ(widget->verticalScrollBar()->value(), 1000);
+}
+
+TEST_F(ShownTree, RowsBeyondWhatAScrollBarCountsAreReachedByTheTable) {
+  const auto tree = MakeTree(1'000'000, 5000);
+  const auto widget = Show(tree);
+  tree->ScrollRowIntoView(tree->GetRow(900'000), true, true, true);
+  Settle();
+  EXPECT_EQ(tree->GetControl().GetScrollPosition(), 4'500'000'000);
+  EXPECT_EQ(widget->verticalScrollBar()->value(), std::numeric_limits<int>::max());
+  EXPECT_EQ(widget->GetCellArea(900'000, 0).top(), 0);
+}
+
+TEST_F(ShownTree, NoScrollBarStaysForTheRoomOfTheOther) {
+  const auto tree = MakeTree(10);
+  const auto widget = Show(tree, Room(280, 180));
+  ASSERT_TRUE(widget->verticalScrollBar()->isVisible());
+  ASSERT_TRUE(widget->horizontalScrollBar()->isVisible());
+  widget->resize(Room(300, 200));
+  Settle();
+  EXPECT_FALSE(widget->verticalScrollBar()->isVisible());
+  EXPECT_FALSE(widget->horizontalScrollBar()->isVisible());
+  EXPECT_EQ(tree->GetControl().GetViewportHeight(), 200);
 }
 
 TEST_F(ShownTree, AWidgetThatLostItsTableShowsNothing) {
