@@ -34,8 +34,9 @@ constexpr const char* kShortcuts =
     "<tr><td><b>Tab</b></td><td>To the next control</td></tr>"
     "</table>"
     "<p>In the table: arrows, Page Up and Down, Home and End move; with Shift they select a range, with"
-    " Ctrl they move without selecting. Space selects, Ctrl+Space toggles, Ctrl+A selects all. The"
-    " Menu key chooses columns.</p>";
+    " Ctrl they move without selecting. Space selects, Ctrl+Space toggles, Ctrl+A selects all, Ctrl+C"
+    " copies the selected rows as text. ← and → scroll columns that do not fit. The Menu key chooses"
+    " columns.</p>";
 
 }  // namespace
 

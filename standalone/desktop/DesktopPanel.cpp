@@ -36,14 +36,22 @@ void DesktopWindow::OpenIndexPanel() {
   actions.closed = [this] { ClosePanel(); };
   panelDock = new PanelDock(view, std::move(actions), this);
   panelDock->setObjectName("panel");
-  addDockWidget(Qt::TopDockWidgetArea, panelDock);
-  // Where it was when it was closed.
-  if (hasPlaces) restoreDockWidget(panelDock);
+  addDockWidget(panelArea, panelDock);
+  if (panelSize) {
+    resizeDocks({panelDock}, {panelSize->width()}, Qt::Horizontal);
+    resizeDocks({panelDock}, {panelSize->height()}, Qt::Vertical);
+  } else if (hasPlaces) {
+    restoreDockWidget(panelDock);
+  }
 }
 
 void DesktopWindow::ClosePanel() {
   PanelDock* const closed = panelDock;
   panelDock = nullptr;
+  if (closed != nullptr && !closed->isFloating()) {
+    panelArea = dockWidgetArea(closed);
+    panelSize = closed->size();
+  }
   CallGuarded("panel", [&] { host.ClosePanel(); });
   if (closed != nullptr) closed->deleteLater();
 }

@@ -134,6 +134,9 @@ class STANDALONE_API DesktopWindow final : public QMainWindow, private DocumentO
   QDockWidget* sequenceDock = nullptr;
   QDockWidget* reportDock = nullptr;
   QPointer<PanelDock> panelDock;
+  /// Where the panel was when it was closed, and how large.
+  Qt::DockWidgetArea panelArea = Qt::TopDockWidgetArea;
+  std::optional<QSize> panelSize;
   /// Whether the docks have places that the user left them in, or had the chance to.
   bool hasPlaces = false;
   const std::optional<TimeFormat> firstTimeFormat;

@@ -57,6 +57,9 @@ class Desktop:
         self.folder = folder
         self.file = os.path.join(folder, "places.json")
         self.places = []
+        # Of a program that ran here before.
+        if os.path.exists(self.file):
+            os.remove(self.file)
         # Nothing of the user's own: neither settings nor scale nor theme.
         kept = {name: os.environ[name] for name in os.environ if not name.startswith(("QT_", "XDG_"))}
         kept |= {"DISPLAY": display.name, "QT_QPA_PLATFORM": "xcb", "HOME": folder, "LC_ALL": "C.UTF-8",

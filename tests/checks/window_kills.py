@@ -19,8 +19,8 @@ sys.dont_write_bytecode = True
 from desktop import CELL, FIELD, WINDOW, Desktop, Display  # noqa: E402
 
 CLIPS = 5000
-OPENINGS = 6
-EXPORTS = 6
+OPENINGS = 4
+EXPORTS = 4
 # Of the time that a step takes at most, the signal comes at a random moment.
 OPENING_SECONDS, EXPORT_SECONDS = 1.2, 0.3
 
@@ -66,12 +66,24 @@ def end_while_opening(program, display, folder, timeline):
             desktop.end()
 
 
+def end_in_dialog(program, display, folder, timeline):
+    """Each of the windows that wait for an answer."""
+    for keys, number in (("ctrl+e", signal.SIGTERM), ("ctrl+shift+f", signal.SIGKILL), ("ctrl+o", signal.SIGTERM)):
+        desktop = Desktop(program, display, folder, [timeline])
+        try:
+            desktop.wait(role=WINDOW, active=True)
+            desktop.wait(role=CELL, name="Clip 0")
+            desktop.press(keys)
+            desktop.wait(name="Cancel")
+            end_at_random(desktop, 0, number)
+        finally:
+            desktop.end()
+
+
 def end_while_exporting(program, display, folder, timeline):
     whole = subprocess.run([program, "export", timeline, "-o", "-"], check=True, stdout=subprocess.PIPE).stdout
     for i in range(EXPORTS):
         output = os.path.join(folder, f"index{i}.csv")
-        if os.path.exists(os.path.join(folder, "places.json")):
-            os.remove(os.path.join(folder, "places.json"))
         desktop = Desktop(program, display, folder, [timeline])
         try:
             confirm_export(desktop, output)
@@ -96,6 +108,7 @@ def main():
             timeline = os.path.join(folder, "long.otio")
             write_timeline(timeline)
             end_while_opening(program, display, folder, timeline)
+            end_in_dialog(program, display, folder, timeline)
             end_while_exporting(program, display, folder, timeline)
     finally:
         display.close()

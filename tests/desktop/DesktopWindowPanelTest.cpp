@@ -61,11 +61,23 @@ TEST_F(DesktopWindowPanel, ItsButtonClosesIt) {
 }
 
 TEST_F(DesktopWindowPanel, ItOpensWhereItWasClosed) {
-  window->addDockWidget(Qt::BottomDockWidgetArea, window->GetPanelDock());
+  window->addDockWidget(Qt::RightDockWidgetArea, window->GetPanelDock());
+  SettleAll();
+  window->resizeDocks({window->GetPanelDock()}, {930}, Qt::Horizontal);
+  SettleAll();
+  const int width = window->GetPanelDock()->width();
   Choose({"Window", "Sequence Index"});
   Choose({"Window", "Sequence Index"});
-  EXPECT_NE(window->GetPanelDock(), nullptr);
-  EXPECT_NE(window->dockWidgetArea(window->GetPanelDock()), Qt::NoDockWidgetArea);
+  EXPECT_EQ(window->dockWidgetArea(window->GetPanelDock()), Qt::RightDockWidgetArea);
+  EXPECT_EQ(window->GetPanelDock()->width(), width);
+}
+
+TEST_F(DesktopWindowPanel, ItsPlaceIsKeptForTheNextRun) {
+  window->addDockWidget(Qt::RightDockWidgetArea, window->GetPanelDock());
+  SettleAll();
+  window->close();
+  MakeWindow();
+  EXPECT_EQ(window->dockWidgetArea(window->GetPanelDock()), Qt::RightDockWidgetArea);
 }
 
 TEST_F(DesktopWindowPanel, ItHasTheLargerPartOfAWindowAtFirst) {
