@@ -39,9 +39,9 @@ def show_something(desktop, scale):
     desktop.wait_until_read("Harbour before dawn")
     click(desktop.wait(role=CHECKBOX))
     desktop.wait(role=CHECKBOX, checked=True)
-    click(desktop.wait(role=CELL, name="Interview Ada, wide"))
+    click(desktop.wait(role=CELL, name="Ada opens the wheelhouse"))
     desktop.wait(name="1 selected in the timeline")
-    desktop.wait(name="Playhead time", value="01:00:10:24")
+    desktop.wait(name="Playhead time", value="01:00:08:08")
 
 
 def take(program, folder, theme, scale):

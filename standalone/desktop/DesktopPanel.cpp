@@ -36,13 +36,12 @@ void DesktopWindow::OpenIndexPanel() {
   actions.closed = [this] { ClosePanel(); };
   panelDock = new PanelDock(view, std::move(actions), this);
   panelDock->setObjectName("panel");
+  // In the same run it goes back to where it was closed, in the next to where it was left.
+  if (!panelSize && restoreDockWidget(panelDock)) return;
   addDockWidget(panelArea, panelDock);
-  if (panelSize) {
-    resizeDocks({panelDock}, {panelSize->width()}, Qt::Horizontal);
-    resizeDocks({panelDock}, {panelSize->height()}, Qt::Vertical);
-  } else if (hasPlaces) {
-    restoreDockWidget(panelDock);
-  }
+  if (!panelSize) return;
+  resizeDocks({panelDock}, {panelSize->width()}, Qt::Horizontal);
+  resizeDocks({panelDock}, {panelSize->height()}, Qt::Vertical);
 }
 
 void DesktopWindow::ClosePanel() {

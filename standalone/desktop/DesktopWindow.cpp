@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -138,7 +139,7 @@ void DesktopWindow::RestorePlaces() {
   const QSettings settings;
   SetTheme(settings.value(kThemeKey) == kLightTheme ? ThemeName::kLight : ThemeName::kDark);
   ApplyTheme();
-  resize(kFirstWidth, kFirstHeight);
+  resize(QSize(kFirstWidth, kFirstHeight).boundedTo(screen()->availableSize()));
   restoreGeometry(settings.value(kGeometryKey).toByteArray());
   hasPlaces = restoreState(settings.value(kStateKey).toByteArray());
 }

@@ -250,6 +250,50 @@ TEST_F(DesktopWindowTest, TheThemeIsKeptForTheNextRun) {
   Choose({"View", "Theme", "Dark"});
 }
 
+TEST_F(DesktopWindowTest, TheTimelineIsZoomedFromTheMenu) {
+  OpenCut();
+  const double all = window->GetTimeline().GetScale().GetTicksPerPixel();
+  Choose({"View", "Zoom Timeline In"});
+  EXPECT_LT(window->GetTimeline().GetScale().GetTicksPerPixel(), all);
+  Choose({"View", "Zoom Timeline to All"});
+  EXPECT_EQ(window->GetTimeline().GetScale().GetTicksPerPixel(), all);
+  Choose({"View", "Zoom Timeline In"});
+  Choose({"View", "Zoom Timeline Out"});
+  EXPECT_DOUBLE_EQ(window->GetTimeline().GetScale().GetTicksPerPixel(), all);
+}
+
+TEST_F(DesktopWindowTest, ItIsPlayedFromTheMenu) {
+  OpenCut();
+  const auto player = FindPlayer(GetActive());
+  Choose({"Playback", "Play or Stop"});
+  EXPECT_EQ(player->GetSpeed(), 1);
+  Choose({"Playback", "Play Faster"});
+  EXPECT_EQ(player->GetSpeed(), 2);
+  Choose({"Playback", "Play or Stop"});
+  EXPECT_EQ(player->GetSpeed(), 0);
+  Choose({"Playback", "Next Cut"});
+  EXPECT_EQ(GetTime(), "00:00:01:00");
+  Choose({"Playback", "Play Backwards"});
+  EXPECT_EQ(player->GetSpeed(), -1);
+  Choose({"Playback", "Play or Stop"});
+  Choose({"Playback", "Previous Cut"});
+  EXPECT_EQ(GetTime(), "00:00:00:00");
+}
+
+TEST_F(DesktopWindowTest, ATimeIsTypedAfterAskingForIt) {
+  OpenCut();
+  Choose({"Playback", "Go to Time"});
+  QTest::keyClicks(QApplication::focusWidget(), "00:00:01:05");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  SettleAll();
+  EXPECT_EQ(FindPlayer(GetActive())->GetCurrentPosition(), drafts::Frame(30));
+}
+
+TEST_F(DesktopWindowTest, QuitClosesTheWindow) {
+  FindAction({"File", "Quit"})->trigger();
+  EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(DesktopWindowTest, PlacesOfPanelsAreKeptForTheNextRun) {
   FindAction({"Window", "Import Report"})->trigger();
   Settle();

@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include <QCheckBox>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPushButton>
 
 #include "desktop/DesktopFixture.h"
 #include "support/Process.h"
@@ -18,7 +18,8 @@ using testing::IsEmpty;
 class PlacesFileTest : public DesktopFixture {
  protected:
   PlacesFileTest() {
-    box.setGeometry(20, 30, 100, 24);
+    button.setCheckable(true);
+    button.setGeometry(20, 30, 100, 24);
     window.setGeometry(100, 100, 300, 200);
     Show(window);
   }
@@ -31,24 +32,24 @@ class PlacesFileTest : public DesktopFixture {
 
   process::Folder folder;
   QWidget window;
-  QCheckBox box{"Gaps", &window};
+  QPushButton button{"Gaps", &window};
 };
 
 TEST_F(PlacesFileTest, ItSaysWhereOnTheScreenAWidgetIs) {
   const QJsonArray area = Find("Gaps")["area"].toArray();
   ASSERT_EQ(area.size(), 4);
-  EXPECT_EQ(QPoint(area[0].toInt(), area[1].toInt()), box.mapToGlobal(QPoint()));
-  EXPECT_EQ(QSize(area[2].toInt(), area[3].toInt()), box.size());
+  EXPECT_EQ(QPoint(area[0].toInt(), area[1].toInt()), button.mapToGlobal(QPoint()));
+  EXPECT_EQ(QSize(area[2].toInt(), area[3].toInt()), button.size());
 }
 
 TEST_F(PlacesFileTest, ItSaysWhatIsChecked) {
   EXPECT_FALSE(Find("Gaps").contains("checked"));
-  box.setChecked(true);
+  button.setChecked(true);
   EXPECT_TRUE(Find("Gaps")["checked"].toBool());
 }
 
 TEST_F(PlacesFileTest, WhatIsHiddenHasNoPlace) {
-  box.hide();
+  button.hide();
   EXPECT_TRUE(Find("Gaps").isEmpty());
 }
 
@@ -56,7 +57,7 @@ TEST_F(PlacesFileTest, TheFileFollowsTheWindow) {
   const auto file = folder / "places.json";
   const PlacesFile places(QString::fromStdString(file.native()));
   EXPECT_TRUE(WaitFor([&] { return process::ReadFile(file).find("Gaps") != std::string::npos; }));
-  box.setText("Clips");
+  button.setText("Clips");
   EXPECT_TRUE(WaitFor([&] { return process::ReadFile(file).find("Clips") != std::string::npos; }));
 }
 
