@@ -8,15 +8,25 @@
 
 namespace standalone {
 
+namespace {
+
+/// The sentence, and below it the place.
+QString DescribeNote(const ImportNote& note) {
+  QStringList place;
+  if (!note.place.empty()) place.append(ToQString(note.place));
+  if (note.line != 0) place.append(QString("line %1").arg(note.line));
+  const QString sentence = ToQString(note.sentence);
+  return place.isEmpty() ? sentence : sentence + '\n' + place.join(", ");
+}
+
+}  // namespace
+
 ReportView::ReportView(QWidget* parent) : QTreeWidget(parent) {
   setAccessibleName("Import report");
   setFrameShape(QFrame::NoFrame);
-  setColumnCount(3);
-  setHeaderLabels({"What", "Where", "Line"});
-  header()->setSectionResizeMode(0, QHeaderView::Stretch);
-  header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-  header()->setSectionResizeMode(2, QHeaderView::ResizeToContents);
-  header()->setStretchLastSection(false);
+  setHeaderHidden(true);
+  header()->setSectionResizeMode(QHeaderView::Stretch);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setWordWrap(true);
   setRootIsDecorated(false);
   setItemDelegate(new RoomyRows(this));
@@ -47,10 +57,8 @@ void ReportView::AddGroup(const QString& title, const std::vector<ImportNote>& n
   if (notes.empty()) return;
   auto* const group = new QTreeWidgetItem(this, {title});
   for (const ImportNote& note : notes) {
-    const QString line = note.line == 0 ? QString() : QString::number(note.line);
-    auto* const item =
-        new QTreeWidgetItem(group, {ToQString(note.sentence), ToQString(note.place), line});
-    item->setToolTip(0, ToQString(note.sentence));
+    auto* const item = new QTreeWidgetItem(group, {DescribeNote(note)});
+    item->setToolTip(0, item->text(0));
     ++lineCount;
   }
   group->setFirstColumnSpanned(true);

@@ -25,7 +25,9 @@ constexpr int kNarrowestNamed = 24;
 constexpr int kTransitionWidth = 14;
 constexpr int kPlayheadGrip = 6;
 constexpr int kHatchDistance = 8;
-const QColor kOffline(196, 58, 58);
+/// Of what hatches offline clips; to be told from a red label, too.
+const QColor kOfflineOnDark(255, 120, 110);
+const QColor kOfflineOnLight(150, 20, 20);
 
 QColor Blend(const QColor& over, const QColor& under, double part) {
   const auto mix = [part](int a, int b) {
@@ -102,7 +104,9 @@ class Painter {
     const QColor label(item.labelColor.red, item.labelColor.green, item.labelColor.blue);
     const QColor fill = Blend(label, under, item.isDisabled || isDimmed ? 0.35 : 0.85);
     painter.fillRect(area, fill);
-    if (item.isOffline) PaintHatch(area, kOffline);
+    if (item.isOffline) {
+      PaintHatch(area, GetTheme() == ThemeName::kDark ? kOfflineOnDark : kOfflineOnLight);
+    }
     if (item.isDisabled) PaintHatch(area, ToQColor(colors.disabledText));
     if (item.hasHeadTransition) PaintTransition(area, true);
     if (item.hasTailTransition) PaintTransition(area, false);
@@ -174,8 +178,10 @@ class Painter {
       if (!mark.hasLabel) continue;
       const ZSL::Timecode time(notation.zeroPoint + mark.time, notation.frameDuration,
                                notation.display);
+      const QString text = ToText(time.GetStringUTF8());
+      if (x + 4 + painter.fontMetrics().horizontalAdvance(text) > area.right()) continue;
       painter.drawText(QRect(x + 4, 0, labelWidth, area.height() - 8), Qt::AlignLeft | Qt::AlignVCenter,
-                       ToText(time.GetStringUTF8()));
+                       text);
     }
     painter.restore();
   }

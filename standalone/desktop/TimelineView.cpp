@@ -136,7 +136,9 @@ void TimelineView::FollowScrollBars() {
     return static_cast<int>(static_cast<double>(time.GetTicks()) / scrollUnit);
   };
   const int page = toUnits(TickTime(std::llround(scale.GetWidth() * scale.GetTicksPerPixel())));
-  const int room = toUnits(content.GetEnd()) + page / 8;
+  // Some room behind the end, unless all of it fits.
+  const int end = toUnits(content.GetEnd());
+  const int room = end <= page ? page : end + page / 8;
   const int start = toUnits(scale.GetStart());
   QScrollBar& across = *horizontalScrollBar();
   across.setRange(0, std::max({room - page, start, 0}));

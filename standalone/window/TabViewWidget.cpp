@@ -1,6 +1,7 @@
 #include "standalone/window/TabViewWidget.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QPainter>
 
 #include "standalone/runtime/Guard.h"
@@ -37,7 +38,20 @@ void TabViewWidget::MakeWidgets(const UIF::TabView& view) {
     if (last != nullptr) setTabOrder(last, widget);
     last = widget;
   }
+  for (QWidget* const widget : findChildren<QWidget*>()) widget->installEventFilter(this);
   PlaceWidgets();
+}
+
+// A window that is in the background gets the press first, and the focus after it: what the press does
+// is done on duty all the same.
+bool TabViewWidget::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) {
+    const auto* const pressed = static_cast<const QWidget*>(watched);
+    const bool takesFocus =
+        pressed->focusProxy() != nullptr || (pressed->focusPolicy() & Qt::ClickFocus);
+    if (takesFocus) SetOnDuty(true);
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void TabViewWidget::PlaceWidgets() {

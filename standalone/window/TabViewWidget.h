@@ -26,6 +26,8 @@ class STANDALONE_API TabViewWidget final : public QWidget {
   QSize minimumSizeHint() const override { return {kLeastWidth, kLeastHeight}; }
 
  protected:
+  /// Watches the widgets in it for presses.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 

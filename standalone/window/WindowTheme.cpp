@@ -34,7 +34,7 @@ void ApplyTheme() {
   QPalette palette = MakePalette(colors);
   QApplication::setPalette(palette);
   // A handle as dark as a field would be lost on its trough.
-  palette.setColor(QPalette::Button, ToQColor(colors.headerBackground));
+  palette.setColor(QPalette::Button, ToQColor(colors.divider));
   QApplication::setPalette(palette, "QScrollBar");
   // Controls take their colours from the theme, not from the palette.
   for (QWidget* const widget : QApplication::allWidgets()) widget->update();

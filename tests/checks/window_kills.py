@@ -31,7 +31,8 @@ def time_of(frames):
 
 def write_timeline(file):
     clips = [{"OTIO_SCHEMA": "Clip.2", "name": f"Clip {i}",
-              "source_range": {"OTIO_SCHEMA": "TimeRange.1", "start_time": time_of(0), "duration": time_of(25)}}
+              "source_range": {"OTIO_SCHEMA": "TimeRange.1", "start_time": time_of(0),
+                               "duration": time_of(25)}}
              for i in range(CLIPS)]
     track = {"OTIO_SCHEMA": "Track.1", "kind": "Video", "children": clips}
     stack = {"OTIO_SCHEMA": "Stack.1", "children": [track]}
@@ -68,7 +69,8 @@ def end_while_opening(program, display, folder, timeline):
 
 def end_in_dialog(program, display, folder, timeline):
     """Each of the windows that wait for an answer."""
-    for keys, number in (("ctrl+e", signal.SIGTERM), ("ctrl+shift+f", signal.SIGKILL), ("ctrl+o", signal.SIGTERM)):
+    for keys, number in (("ctrl+e", signal.SIGTERM), ("ctrl+shift+f", signal.SIGKILL),
+                         ("ctrl+o", signal.SIGTERM)):
         desktop = Desktop(program, display, folder, [timeline])
         try:
             desktop.wait(role=WINDOW, active=True)

@@ -18,6 +18,7 @@
 #include "standalone/window/Colors.h"
 #include "support/Drafts.h"
 #include "support/SteppedHost.h"
+#include "support/ThemeChoice.h"
 
 namespace standalone {
 
@@ -49,15 +50,6 @@ inline QImage Grab(QWidget& widget, int scale = 1) {
   widget.render(&image, QPoint(), QRegion(), QWidget::DrawWindowBackground | QWidget::DrawChildren);
   return image;
 }
-
-/// The theme is the process's; tests leave the one that it starts with.
-class ThemeChoice {
- public:
-  explicit ThemeChoice(ThemeName name) { SetTheme(name); }
-  ~ThemeChoice() { SetTheme(ThemeName::kDark); }
-  ThemeChoice(const ThemeChoice&) = delete;
-  ThemeChoice& operator=(const ThemeChoice&) = delete;
-};
 
 class DesktopFixture : public testing::Test {
  protected:

@@ -130,6 +130,17 @@ TEST_F(Panel, ThePanelIsOnDutyWhileTheFocusIsInIt) {
   EXPECT_FALSE(view->IsOnDuty());
 }
 
+TEST_F(Panel, APressThatComesBeforeTheFocusIsDoneOnDuty) {
+  elsewhere.setFocus();
+  auto& table = Find<TreeWidget>();
+  const QPointF place = table.GetCellArea(1, 0).center();
+  QMouseEvent press(QEvent::MouseButtonPress, place, table.viewport()->mapToGlobal(place),
+                    Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(table.viewport(), &press);
+  EXPECT_TRUE(elsewhere.hasFocus());
+  EXPECT_TRUE(view->IsOnDuty());
+}
+
 TEST_F(Panel, AProgramInTheBackgroundLeavesItOnDuty) {
   Find<QLineEdit>().setFocus();
   Find<QLineEdit>().clearFocus();

@@ -19,6 +19,7 @@
 #include "standalone/window/Colors.h"
 #include "standalone/window/TreeWidget.h"
 #include "support/SteppedHost.h"
+#include "support/ThemeChoice.h"
 
 namespace standalone {
 
@@ -80,15 +81,6 @@ inline Positions GetSelected(const Tree& tree) {
   for (const auto* row : tree.GetSelectedRows()) positions.push_back(tree.GetRowIndex(row));
   return positions;
 }
-
-/// The theme is the process's; tests leave the one that it starts with.
-class ThemeChoice {
- public:
-  explicit ThemeChoice(ThemeName name) { SetTheme(name); }
-  ~ThemeChoice() { SetTheme(ThemeName::kDark); }
-  ThemeChoice(const ThemeChoice&) = delete;
-  ThemeChoice& operator=(const ThemeChoice&) = delete;
-};
 
 /// A window with a plain table: columns "A", "B" and "C", each 100 pixels wide, behind the hidden first
 /// one; cells draw "<row> <display index>".
