@@ -71,14 +71,17 @@ class Desktop:
     def look(self):
         """Reads anew what is on the screen."""
         if self.process.poll() is not None:
-            self.errors.seek(0)
-            raise AssertionError(f"the program has ended: {self.process.returncode} {self.errors.read()}")
+            raise AssertionError(f"the program has ended: {self.process.returncode} {self.read_errors()}")
         try:
             with open(self.file, encoding="utf-8") as file:
                 self.places = json.load(file)
         except FileNotFoundError:
             self.places = []
         return self.places
+
+    def read_errors(self):
+        self.errors.seek(0)
+        return self.errors.read()
 
     def find_all(self, **wanted):
         return [place for place in self.look()

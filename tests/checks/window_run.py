@@ -139,7 +139,8 @@ def run(program, demo, display, folder, pictures):
         export(desktop, output)
         desktop.activate("demo.otio")
         desktop.press("ctrl+q")
-        check("the program ends well", desktop.wait_for_end() == 0)
+        code = desktop.wait_for_end()
+        check(f"the program ends well, not with {code}: {desktop.read_errors()}", code == 0)
     except BaseException:
         take_picture("failed.png")
         raise

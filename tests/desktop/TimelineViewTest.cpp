@@ -15,7 +15,6 @@
 
 #include "desktop/DesktopFixture.h"
 #include "host/MZ/Messages.h"
-#include "scaling/AllocationWatch.h"
 #include "standalone/desktop/TimelinePainter.h"
 #include "standalone/runtime/StationRegistry.h"
 
@@ -165,21 +164,6 @@ TEST_F(Timeline, ThePlayheadIsALineAtItsTime) {
   EXPECT_EQ(GetPixel(place), accent);
   EXPECT_NE(GetPixel(place + QPoint(1, 0)), accent);
   EXPECT_NE(GetPixel(place - QPoint(1, 0)), accent);
-}
-
-TEST_F(Timeline, PaintingCostsTheSameHoweverManyClipsThereAre) {
-  const auto measure = [&](int clips) {
-    auto draft = drafts::MakeSequence("Long");
-    auto& track = drafts::AddTrack(draft);
-    for (int i = 0; i < clips; ++i) drafts::AddClip(track, "clip", 2 * i, 2 * i + 2);
-    view->SetSequence(OpenSequence(std::move(draft)));
-    Grab(*view->viewport());
-    const scaling::AllocationWatch watch;
-    Grab(*view->viewport());
-    return watch.Take().count;
-  };
-  // The ruler's labels, some more or less at another scale, are what there is to count.
-  EXPECT_LE(measure(100'000), 2 * measure(20'000));
 }
 
 TEST_F(Timeline, AClickOnTheRulerMovesThePlayheadToAWholeFrame) {
