@@ -41,10 +41,9 @@ WindowStyle::WindowStyle() : QProxyStyle(kBaseStyle) {}
 
 void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                 const QWidget* widget) const {
-  if (element != PE_IndicatorCheckBox) {
-    return QProxyStyle::drawPrimitive(element, option, painter, widget);
-  }
-  DrawCheckBox(*option, *painter);
+  if (element == PE_IndicatorCheckBox) return DrawCheckBox(*option, *painter);
+  if (element == PE_IndicatorRadioButton) return DrawRadioButton(*option, *painter);
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void WindowStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
@@ -75,6 +74,21 @@ void WindowStyle::DrawCheckBox(const QStyleOption& option, QPainter& painter) co
   } else if ((option.state & State_NoChange) != 0) {
     painter.drawLine(corner + QPointF(0.25, 0.5) * size, corner + QPointF(0.75, 0.5) * size);
   }
+}
+
+void WindowStyle::DrawRadioButton(const QStyleOption& option, QPainter& painter) const {
+  const PainterState state(painter);
+  const ThemeColors& colors = GetThemeColors();
+  const bool isOn = (option.state & State_On) != 0;
+  const QRectF circle = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.setPen(isOn ? ToQColor(colors.accent) : GetLineColor((option.state & State_Enabled) != 0));
+  painter.setBrush(ToQColor(isOn ? colors.accent : colors.fieldBackground));
+  painter.drawEllipse(circle);
+  if (!isOn) return;
+  const double inset = circle.width() * 0.3;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::white);
+  painter.drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
 }
 
 void WindowStyle::DrawSlider(const QStyleOptionSlider& option, QPainter& painter,

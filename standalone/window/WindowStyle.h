@@ -7,8 +7,8 @@
 
 namespace standalone {
 
-/// How widgets of the window system are drawn: in the palette's colours, with check boxes and sliders
-/// that can be told from a dark background. [main-thread]
+/// How widgets of the window system are drawn: in the palette's colours, with check boxes, radio
+/// buttons and sliders that can be told from a dark background. [main-thread]
 class STANDALONE_API WindowStyle final : public QProxyStyle {
  public:
   WindowStyle();
@@ -20,6 +20,7 @@ class STANDALONE_API WindowStyle final : public QProxyStyle {
 
  private:
   void DrawCheckBox(const QStyleOption& option, QPainter& painter) const;
+  void DrawRadioButton(const QStyleOption& option, QPainter& painter) const;
   void DrawSlider(const QStyleOptionSlider& option, QPainter& painter, const QWidget* widget) const;
 };
 

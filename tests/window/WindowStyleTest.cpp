@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QRadioButton>
 #include <QSlider>
 
 #include "standalone/window/WindowTheme.h"
@@ -30,6 +31,21 @@ TEST_F(WindowStyleTest, ACheckBoxHasAnOutlineAndWhenCheckedTheAccentColour) {
     EXPECT_GT(Count(box, ToQColor(GetThemeColors().headerText)), 20);
     box.setChecked(true);
     EXPECT_GT(Count(box, accent), 60);
+  }
+}
+
+TEST_F(WindowStyleTest, ARadioButtonHasAnOutlineAndWhenChosenTheAccentColour) {
+  for (const ThemeName name : {ThemeName::kDark, ThemeName::kLight}) {
+    const ThemeChoice choice(name);
+    ApplyTheme();
+    QRadioButton button;
+    button.resize(40, 24);
+    const QColor accent = ToQColor(GetThemeColors().accent);
+    const QImage off = Picture(button).GetImage();
+    EXPECT_EQ(Count(button, accent), 0);
+    button.setChecked(true);
+    EXPECT_GT(Count(button, accent), 30);
+    EXPECT_NE(Picture(button).GetImage(), off);
   }
 }
 
