@@ -58,8 +58,8 @@ std::vector<std::size_t> SequenceIndexTree::GetSelectedPositions() const {
   return positions;
 }
 
-// These two copy what they need under the mutex, for a host that reports selections from another
-// thread.
+// These two copy what they need under the mutex: on the main thread the lists could be read without it,
+// but nothing here depends on that.
 std::vector<MZ::ActivatedTrackItem> SequenceIndexTree::GetTrackItems(
     const std::vector<std::size_t>& positions) {
   const DataMutexLock lock(dataMutex);

@@ -8,7 +8,7 @@
 #include "standalone/desktop/contract/DesktopEntry.h"
 #include "standalone/runtime/FeatureRegistry.h"
 #include "standalone/window/MainQueueNotifier.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -6,7 +6,7 @@
 #include "standalone/desktop/ExportDialog.h"
 #include "standalone/desktop/OptionsDialog.h"
 #include "standalone/window/PopupMenu.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -8,7 +8,7 @@
 #include <QUrl>
 
 #include "standalone/desktop/DesktopWindow.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

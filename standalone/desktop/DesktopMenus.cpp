@@ -8,13 +8,12 @@
 
 #include "standalone/desktop/DesktopWindow.h"
 #include "standalone/model/TimeFormat.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
 namespace {
 
-constexpr UIF::CommandID kExportCommand = 36003;
 /// A tenth of the slider's way.
 constexpr double kRowScaleStep = 0.1;
 

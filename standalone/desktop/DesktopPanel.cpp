@@ -9,13 +9,11 @@
 #include "standalone/desktop/DesktopWindow.h"
 #include "standalone/runtime/FeatureRegistry.h"
 #include "standalone/runtime/Guard.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
 namespace {
-
-constexpr UIF::CommandID kExportCommand = 36003;
 
 QString Localise(const std::string& key) {
   return ToQString(qelcore::config::Localizer::Get().Localize(key).View());

@@ -13,7 +13,7 @@
 #include "host/MZ/Messages.h"
 #include "host/MZ/Sequences.h"
 #include "host/qelcore/Threads.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 #include "standalone/window/WindowTheme.h"
 
 namespace standalone {

@@ -14,7 +14,7 @@
 #include <QPointer>
 #include <QPushButton>
 
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

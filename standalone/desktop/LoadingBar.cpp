@@ -6,7 +6,7 @@
 #include <QToolButton>
 #include <cmath>
 
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -19,7 +19,7 @@
 #include "host/qelcore/Localizer.h"
 #include "standalone/desktop/TextColor.h"
 #include "standalone/import/LabelPalette.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "standalone/runtime/Guard.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
@@ -20,7 +20,7 @@ namespace {
 constexpr std::array kWingCommands = {
     PanelCommand{36001, "Reserved (36001)"},
     PanelCommand{36002, "Reserved (36002)"},
-    PanelCommand{36003, "Export Sequence Index…"},
+    PanelCommand{kExportCommand, "Export Sequence Index…"},
 };
 
 }  // namespace

@@ -13,6 +13,9 @@ class QMenu;
 
 namespace standalone {
 
+/// "Export Sequence Index…", by its number in the host.
+inline constexpr UIF::CommandID kExportCommand = 36003;
+
 /// A command of a panel's wing menu.
 struct PanelCommand {
   UIF::CommandID id;

@@ -4,7 +4,7 @@
 
 #include "standalone/desktop/RoomyRows.h"
 #include "standalone/desktop/TransportKeys.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

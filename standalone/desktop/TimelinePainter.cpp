@@ -11,7 +11,7 @@
 #include "standalone/timeline/RulerMarks.h"
 #include "standalone/toolkit/ThemeColors.h"
 #include "standalone/window/Colors.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
@@ -35,10 +35,6 @@ QColor Blend(const QColor& over, const QColor& under, double part) {
   };
   return {mix(over.red(), under.red()), mix(over.green(), under.green()),
           mix(over.blue(), under.blue())};
-}
-
-QString ToText(const qelcore::UTF8String& text) {
-  return ToQString(text.View());
 }
 
 class Painter {
@@ -121,7 +117,7 @@ class Painter {
     if (seen.width() < kNarrowestNamed) return;
     painter.setPen(FindTextColor(fill));
     const QString name =
-        painter.fontMetrics().elidedText(ToText(item.name), Qt::ElideRight, seen.width());
+        painter.fontMetrics().elidedText(ToQString(item.name.View()), Qt::ElideRight, seen.width());
     painter.drawText(seen, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
   }
 
@@ -178,7 +174,7 @@ class Painter {
       if (!mark.hasLabel) continue;
       const ZSL::Timecode time(notation.zeroPoint + mark.time, notation.frameDuration,
                                notation.display);
-      const QString text = ToText(time.GetStringUTF8());
+      const QString text = ToQString(time.GetStringUTF8().View());
       if (x + 4 + painter.fontMetrics().horizontalAdvance(text) > area.right()) continue;
       painter.drawText(QRect(x + 4, 0, labelWidth, area.height() - 8), Qt::AlignLeft | Qt::AlignVCenter,
                        text);
@@ -210,9 +206,9 @@ class Painter {
     const int stateWidth =
         state.isEmpty() ? 0 : painter.fontMetrics().horizontalAdvance(state) + kTextInset;
     painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, state);
-    painter.drawText(
-        text, Qt::AlignLeft | Qt::AlignVCenter,
-        painter.fontMetrics().elidedText(ToText(lane.name), Qt::ElideRight, text.width() - stateWidth));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(ToQString(lane.name.View()), Qt::ElideRight,
+                                                      text.width() - stateWidth));
   }
 
   static QString DescribeState(const TimelineLane& lane) {

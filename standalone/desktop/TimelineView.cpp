@@ -12,7 +12,7 @@
 #include "host/ZSL/Timecode.h"
 #include "standalone/desktop/TimelinePainter.h"
 #include "standalone/runtime/Guard.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -11,7 +11,7 @@
 #include "host/BE/Messages.h"
 #include "host/ZSL/Timecode.h"
 #include "standalone/timeline/TimeEntry.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -5,6 +5,7 @@
 #include "standalone/toolkit/TreeControl.h"
 #include "standalone/window/CellDescription.h"
 #include "standalone/window/TreeAccessible.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
@@ -28,7 +29,7 @@ QAccessibleInterface* CellAccessible::parent() const {
 QString CellAccessible::GetColumnName() const {
   const auto headerRow = widget->GetTree()->GetHeaderRow();
   const auto name = headerRow->GetColumnNameUTF8(widget->GetColumns().GetShown()[GetColumn()].id);
-  return QString::fromUtf8(name.View().data(), static_cast<qsizetype>(name.Size()));
+  return ToQString(name.View());
 }
 
 QString CellAccessible::text(QAccessible::Text kind) const {

@@ -3,6 +3,7 @@
 #include "standalone/runtime/Guard.h"
 #include "standalone/toolkit/RecordingDrawbot.h"
 #include "standalone/window/Colors.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
@@ -15,7 +16,7 @@ QString Describe(const RecordingDrawbot& drawn) {
   QString words;
   for (const qelui::TextLine& line : drawn.GetTextLines()) {
     if (!words.isEmpty()) words += ' ';
-    words += QString::fromUtf8(line.text.View().data(), static_cast<qsizetype>(line.text.Size()));
+    words += ToQString(line.text.View());
   }
   if (words.isEmpty() && !drawn.GetFills().empty()) {
     words = "colour " + ToQColor(drawn.GetFills().back().color).name().toUpper();

@@ -1,4 +1,5 @@
 #include "standalone/window/CheckboxWidget.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -1,4 +1,5 @@
 #include "standalone/window/HeaderModel.h"
+#include "standalone/window/Utf8.h"
 
 #include <utility>
 
@@ -11,7 +12,7 @@ std::vector<QString> ReadNames(const qelui::controls::UI_MultiColumnTreeHeaderRo
   if (headerRow == nullptr) return names;
   for (std::size_t i = 0; i < headerRow->GetCountOfColumns(); ++i) {
     const auto name = headerRow->GetColumnNameUTF8(headerRow->GetColumnAt(i));
-    names.push_back(QString::fromUtf8(name.View().data(), static_cast<qsizetype>(name.Size())));
+    names.push_back(ToQString(name.View()));
   }
   return names;
 }

@@ -6,6 +6,7 @@
 #include "host/qelui/ImageHandler.h"
 #include "standalone/window/Decals.h"
 #include "standalone/window/InputEvents.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

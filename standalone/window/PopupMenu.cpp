@@ -7,6 +7,7 @@
 
 #include "host/qelui/Menu.h"
 #include "standalone/window/NodeWidgets.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
@@ -16,7 +17,7 @@ constexpr std::uint32_t kSeparator = 0;
 
 /// "&" stands for itself in the toolkit's texts, not for a key.
 QString MakeItemText(const qelcore::UTF8String& text) {
-  QString shown = QString::fromUtf8(text.View().data(), static_cast<qsizetype>(text.Size()));
+  QString shown = ToQString(text.View());
   return shown.replace('&', "&&");
 }
 

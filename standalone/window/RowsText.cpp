@@ -6,7 +6,7 @@
 
 #include "standalone/window/CellDescription.h"
 #include "standalone/window/ColumnSpans.h"
-#include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

@@ -1,4 +1,5 @@
 #include "standalone/window/SliderWidget.h"
+#include "standalone/window/Utf8.h"
 
 #include <QMouseEvent>
 #include <QStyle>

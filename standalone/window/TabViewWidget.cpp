@@ -7,8 +7,8 @@
 #include "standalone/runtime/Guard.h"
 #include "standalone/window/ControlWidgets.h"
 #include "standalone/window/PainterDrawbot.h"
-#include "standalone/window/ToolTip.h"
 #include "standalone/window/TreeWidget.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 

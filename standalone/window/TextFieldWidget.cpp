@@ -1,4 +1,5 @@
 #include "standalone/window/TextFieldWidget.h"
+#include "standalone/window/Utf8.h"
 
 #include <QKeyEvent>
 

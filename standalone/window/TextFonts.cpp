@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "host/qelui/Theme.h"
+#include "standalone/window/Utf8.h"
 
 namespace standalone {
 
@@ -15,7 +16,7 @@ QFont MakeFont(const qelcore::UTF8String& name) {
   QFont font = QApplication::font();
   const std::string_view family = name.View();
   if (!name.Empty() && name != qelui::ui::GetFontName(kPlainTextFont)) {
-    font.setFamily(QString::fromUtf8(family.data(), static_cast<qsizetype>(family.size())));
+    font.setFamily(ToQString(family));
   }
   return font;
 }

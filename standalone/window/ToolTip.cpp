@@ -1,4 +1,5 @@
 #include "standalone/window/ToolTip.h"
+#include "standalone/window/Utf8.h"
 
 #include <QFontMetrics>
 #include <QStringList>
@@ -17,10 +18,6 @@ bool FitsWidth(const QString& text, std::uint32_t width) {
 }
 
 }  // namespace
-
-QString ToQString(std::string_view utf8) {
-  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 QString MakeToolTip(std::string_view utf8, std::uint32_t width) {
   if (utf8.empty()) return {};

@@ -8,9 +8,6 @@
 
 namespace standalone {
 
-/// A text in UTF-8 for people's eyes.
-STANDALONE_API QString ToQString(std::string_view utf8);
-
 /// A tooltip whose lines break where the text has line breaks, and where they would be wider than
 /// `width` pixels (0: anywhere). Empty for an empty text. [main-thread]
 STANDALONE_API QString MakeToolTip(std::string_view utf8, std::uint32_t width);
