@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
-#include "standalone/model/TextCase.h"
 #include "standalone/model/FrameSizeText.h"
+#include "standalone/model/TextCase.h"
 
 namespace standalone {
 namespace {

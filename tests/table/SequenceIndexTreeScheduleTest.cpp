@@ -44,6 +44,15 @@ class EverySchedule : public SelectionFixture {
     RecordProperty("schedules", std::to_string(schedules.CountRuns()));
   }
 
+  /// Requests edits of a sequence, each with its refresh: two clips, three, up to `lastCount`.
+  void RequestEdits(const Ref<BE::ISequence>& edited, int lastCount) {
+    for (int count = 2; count <= lastCount; ++count) {
+      requests.emplace_back([this, edited, count] {
+        Replace(edited, MakeClips("A", count));
+        tree->RefreshDataListsAndTreeViewAsync();
+      });
+    }
+  }
   /// Lets the requests happen in their order, and everything that follows from them in any.
   void RunRequests() {
     for (auto steps = GetSteps(); !steps.empty(); steps = GetSteps()) {
@@ -142,12 +151,7 @@ TEST_F(EverySchedule, OfThreeSettersShowsWhatAllOfThemAsked) {
 
 TEST_F(EverySchedule, OfThreeEditsShowsTheLastAndBuildsEach) {
   const auto edited = AddOpened(MakeClips("A", 1));
-  for (int edit = 2; edit <= 4; ++edit) {
-    requests.emplace_back([&, edit] {
-      Replace(edited, MakeClips("A", edit));
-      tree->RefreshDataListsAndTreeViewAsync();
-    });
-  }
+  RequestEdits(edited, 4);
   int visits = 0;
   const hostcalls::Hook count("VisitSequence", [&] { ++visits; });
   ForEachSchedule([&] {
@@ -163,12 +167,7 @@ TEST_F(EverySchedule, OfThreeEditsShowsTheLastAndBuildsEach) {
 
 TEST_F(EverySchedule, AfterAFailedBuildShowsWhatTheLastGoodOneMade) {
   const auto edited = AddOpened(MakeClips("A", 1));
-  for (int edit = 2; edit <= 4; ++edit) {
-    requests.emplace_back([&, edit] {
-      Replace(edited, MakeClips("A", edit));
-      tree->RefreshDataListsAndTreeViewAsync();
-    });
-  }
+  RequestEdits(edited, 4);
   ForEachSchedule([&] {
     Replace(edited, MakeClips("A", 1));
     tree->SetSequence(edited);
@@ -246,12 +245,7 @@ TEST_F(EverySchedule, WhateverChangesDuringABuildIsShownAtTheEnd) {
 
 TEST_F(EverySchedule, MainThreadStepsDuringABuildTakeNothingOfIt) {
   const auto edited = AddOpened(MakeClips("A", 1));
-  for (int edit = 2; edit <= 3; ++edit) {
-    requests.emplace_back([&, edit] {
-      Replace(edited, MakeClips("A", edit));
-      tree->RefreshDataListsAndTreeViewAsync();
-    });
-  }
+  RequestEdits(edited, 3);
   ForEachSchedule([&] {
     Replace(edited, MakeClips("A", 1));
     tree->SetSequence(edited);
@@ -274,12 +268,7 @@ TEST_F(EverySchedule, MainThreadStepsDuringABuildTakeNothingOfIt) {
 // A listener may run an event loop of its own with every message that the table sends.
 TEST_F(EverySchedule, NestedEventLoopsLeaveRowsListsAndCountsInStep) {
   const auto edited = AddOpened(MakeClips("A", 1));
-  for (int edit = 2; edit <= 3; ++edit) {
-    requests.emplace_back([&, edit] {
-      Replace(edited, MakeClips("A", edit));
-      tree->RefreshDataListsAndTreeViewAsync();
-    });
-  }
+  RequestEdits(edited, 3);
   bool isNested = false;
   const auto nesting = std::make_shared<Ear>([&](const auto&) {
     if (std::exchange(isNested, true)) return;
