@@ -6,10 +6,12 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "generator/TimelineFile.h"
 #include "import/Fixtures.h"
 #include "import/OtioText.h"
 #include "standalone/model/ProjectModel.h"
@@ -27,7 +29,15 @@ std::string ReadFile(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+/// A sample or fixture, or a generated timeline of that seed.
 std::string ReadSource(const std::string& name) {
+  constexpr std::string_view kGenerated = "generated_";
+  if (name.starts_with(kGenerated)) {
+    std::ostringstream stream;
+    const std::uint64_t seed = std::stoul(name.substr(kGenerated.size()));
+    generator::WriteTimeline(stream, {.seed = seed, .clips = 60, .worldTextPercent = 40});
+    return stream.str();
+  }
   const std::filesystem::path demo = std::filesystem::path(SOURCE_FOLDER) / "samples" / name;
   return ReadFile(std::filesystem::exists(demo) ? demo : fixtures::Folder() / name);
 }
@@ -232,6 +242,9 @@ constexpr std::array kFiles = {
     "builtin_panels.otio",
     "collections_in_collections.otio",
     "report_everything.otio",
+    "generated_1",
+    "generated_2",
+    "generated_3",
 };
 
 class DamagedTimeline : public testing::TestWithParam<const char*> {};

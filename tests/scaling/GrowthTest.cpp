@@ -9,13 +9,14 @@
 #include <string_view>
 #include <utility>
 
+#include "generator/LongDocument.h"
+#include "generator/TimelineFile.h"
 #include "host/qelui/Drawbot.h"
 #include "host/qelui/MultiColumnTree.h"
 #include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "scaling/AllocationWatch.h"
+#include "scaling/GrowthFixture.h"
 #include "scaling/HostCallCounts.h"
-#include "scaling/LongDocument.h"
-#include "scaling/TimelineWriter.h"
 #include "standalone/app/IndexSession.h"
 #include "standalone/app/PanelSetUp.h"
 #include "standalone/app/PanelTable.h"
@@ -32,67 +33,17 @@
 namespace {
 
 using scaling::Allocations;
-using scaling::MakeLongDocument;
+using scaling::GetLimit;
+using scaling::Growth;
+using scaling::kTimesMore;
+using scaling::ShowEverything;
 using standalone::DocumentDraft;
 using standalone::IndexSession;
-
-/// Containers grow by doubling: at a power of two both runs stand at the same point between two
-/// doublings, with as much room unused in the one as in the other.
-constexpr std::size_t kTimesMore = 8;
-
-/// A tenth more covers what comes by chance. What a stage takes
-/// however short the timeline is comes on top.
-std::uint64_t GetLimit(std::uint64_t smaller, std::uint64_t basis) {
-  return smaller * kTimesMore * 11 / 10 + basis;
-}
-
-void ExpectProportional(const Allocations& smaller, const Allocations& larger) {
-  constexpr std::uint64_t kBasicCount = 1000;
-  constexpr std::uint64_t kBasicBytes = 1 << 20;
-  EXPECT_GT(smaller.bytes, 0U);
-  EXPECT_LE(larger.count, GetLimit(smaller.count, kBasicCount));
-  EXPECT_LE(larger.bytes, GetLimit(smaller.bytes, kBasicBytes));
-  EXPECT_LE(larger.peakBytes, GetLimit(smaller.peakBytes, kBasicBytes));
-}
-
-/// The figures of one clip stand in the test's report.
-void Report(const Allocations& allocations, std::size_t clips) {
-  const auto record = [clips](const char* name, std::uint64_t value) {
-    const auto hundredths = value * 100 / clips;
-    testing::Test::RecordProperty(name, std::to_string(hundredths / 100) + "." +
-                                            std::to_string(hundredths % 100 + 100).substr(1));
-  };
-  record("allocationsPerClip", allocations.count);
-  record("bytesPerClip", allocations.bytes);
-  record("peakBytesPerClip", allocations.peakBytes);
-}
-
-/// All columns and rows.
-standalone::IndexOptions ShowEverything() {
-  standalone::IndexOptions options;
-  options.rows.isKeepingGaps = true;
-  options.columns.kind = standalone::ColumnChoice::Kind::kAll;
-  return options;
-}
-
-class Growth : public testing::Test {
- protected:
-  /// `measure` gets a number of clips and returns what its stage took.
-  template <typename Measure>
-  void ExpectInProportion(const Measure& measure, std::size_t clips = 12500) {
-    const Allocations smaller = measure(clips);
-    const Allocations larger = measure(kTimesMore * clips);
-    Report(larger, kTimesMore * clips);
-    ExpectProportional(smaller, larger);
-  }
-
-  const process::Folder folder;
-};
 
 TEST_F(Growth, ReadingAFileAllocatesInProportionToItsClips) {
   ExpectInProportion([this](std::size_t clips) {
     const auto file = folder / "cut.otio";
-    scaling::WriteTimeline(file, clips);
+    generator::WriteTimeline(file, {.clips = clips});
     const scaling::AllocationWatch watch;
     standalone::ReadTimelineFile(file);
     return watch.Take();
@@ -101,7 +52,7 @@ TEST_F(Growth, ReadingAFileAllocatesInProportionToItsClips) {
 
 TEST_F(Growth, AddingADocumentAllocatesInProportionToItsClips) {
   ExpectInProportion([this](std::size_t clips) {
-    DocumentDraft document = MakeLongDocument(clips);
+    DocumentDraft document = generator::MakeDocument({.clips = clips});
     const standalone::Runtime runtime;
     standalone::ProjectModel project;
     const scaling::AllocationWatch watch;
@@ -112,7 +63,7 @@ TEST_F(Growth, AddingADocumentAllocatesInProportionToItsClips) {
 
 TEST_F(Growth, ShowingASequenceAllocatesInProportionToItsRows) {
   ExpectInProportion([this](std::size_t clips) {
-    DocumentDraft document = MakeLongDocument(clips);
+    DocumentDraft document = generator::MakeDocument({.clips = clips});
     IndexSession session;
     standalone::SetUpPanel(session, ShowEverything());
     const scaling::AllocationWatch watch;
@@ -127,7 +78,7 @@ TEST_F(Growth, ExportingATableAllocatesInProportionToItsRows) {
   ExpectInProportion([this](std::size_t clips) {
     IndexSession session;
     standalone::SetUpPanel(session, ShowEverything());
-    session.ShowDocument(MakeLongDocument(clips));
+    session.ShowDocument(generator::MakeDocument({.clips = clips}));
     const auto output = folder / "cut.csv";
     const scaling::AllocationWatch watch;
     session.Export(output);
@@ -143,7 +94,7 @@ TEST_F(Growth, PrintingATableAllocatesInProportionToItsRows) {
   const auto measure = [](std::size_t clips) {
     IndexSession session;
     standalone::SetUpPanel(session, ShowEverything());
-    session.ShowDocument(MakeLongDocument(clips));
+    session.ShowDocument(generator::MakeDocument({.clips = clips}));
     std::size_t lines = 0;
     const scaling::AllocationWatch watch;
     standalone::PanelTable source(session.GetTree());
@@ -171,8 +122,9 @@ std::map<std::string_view, std::uint64_t> CountHostCalls(DocumentDraft document,
 
 TEST_F(Growth, EachRowCostsTheSameNumberOfHostCalls) {
   constexpr std::size_t kClips = 1000;
-  const auto smaller = CountHostCalls(MakeLongDocument(kClips), folder / "short.csv");
-  const auto larger = CountHostCalls(MakeLongDocument(kTimesMore * kClips), folder / "long.csv");
+  const auto smaller = CountHostCalls(generator::MakeDocument({.clips = kClips}), folder / "short.csv");
+  const auto larger =
+      CountHostCalls(generator::MakeDocument({.clips = kTimesMore * kClips}), folder / "long.csv");
   constexpr std::uint64_t kBasicCalls = 50;
   for (const auto& [name, count] : larger) {
     EXPECT_GT(count, 0U) << name;
@@ -181,8 +133,8 @@ TEST_F(Growth, EachRowCostsTheSameNumberOfHostCalls) {
 }
 
 TEST_F(Growth, ATableIsLaidOutOnceAndItsSequenceVisitedAsOftenHoweverLongItIs) {
-  const auto shorter = CountHostCalls(MakeLongDocument(80), folder / "short.csv");
-  const auto longer = CountHostCalls(MakeLongDocument(8000), folder / "long.csv");
+  const auto shorter = CountHostCalls(generator::MakeDocument({.clips = 80}), folder / "short.csv");
+  const auto longer = CountHostCalls(generator::MakeDocument({.clips = 8000}), folder / "long.csv");
   EXPECT_EQ(shorter.at("LayoutAfterAppendRow"), 1U);
   EXPECT_EQ(longer.at("LayoutAfterAppendRow"), 1U);
   EXPECT_EQ(longer.at("VisitSequence"), shorter.at("VisitSequence"));

@@ -72,6 +72,7 @@ void Count(Call call) {
 }
 
 using hostcalls::Real;
+using qelcore::Borrowed;
 using qelcore::Ref;
 
 }  // namespace
@@ -103,51 +104,51 @@ void VisitSequence(const Ref<ISequence>& sequence, const SequenceVisitor& visito
   real(sequence, visitor);
 }
 
-Ref<IMasterClip> TrackItemUtils::GetMasterClip(const Ref<ITrackItem>& trackItem) {
+Borrowed<IMasterClip> TrackItemUtils::GetMasterClip(const Ref<ITrackItem>& trackItem) {
   Count(Call::kGetMasterClip);
-  using Function = Ref<IMasterClip> (*)(const Ref<ITrackItem>&);
+  using Function = Borrowed<IMasterClip> (*)(const Ref<ITrackItem>&);
   static const auto real =
       Real<Function>("_ZN2BE14TrackItemUtils13GetMasterClipERKN7qelcore3RefINS_10ITrackItemEEE");
   return real(trackItem);
 }
 
-Ref<ITransition> TrackItemUtils::GetHeadTransition(const Ref<ITrackItem>& trackItem) {
+Borrowed<ITransition> TrackItemUtils::GetHeadTransition(const Ref<ITrackItem>& trackItem) {
   Count(Call::kGetHeadTransition);
-  using Function = Ref<ITransition> (*)(const Ref<ITrackItem>&);
+  using Function = Borrowed<ITransition> (*)(const Ref<ITrackItem>&);
   static const auto real =
       Real<Function>("_ZN2BE14TrackItemUtils17GetHeadTransitionERKN7qelcore3RefINS_10ITrackItemEEE");
   return real(trackItem);
 }
 
-Ref<ITransition> TrackItemUtils::GetTailTransition(const Ref<ITrackItem>& trackItem) {
+Borrowed<ITransition> TrackItemUtils::GetTailTransition(const Ref<ITrackItem>& trackItem) {
   Count(Call::kGetTailTransition);
-  using Function = Ref<ITransition> (*)(const Ref<ITrackItem>&);
+  using Function = Borrowed<ITransition> (*)(const Ref<ITrackItem>&);
   static const auto real =
       Real<Function>("_ZN2BE14TrackItemUtils17GetTailTransitionERKN7qelcore3RefINS_10ITrackItemEEE");
   return real(trackItem);
 }
 
-Ref<IMedia> MasterClipUtils::GetProxyMedia(const Ref<IMasterClip>& masterClip) {
+Borrowed<IMedia> MasterClipUtils::GetProxyMedia(Borrowed<IMasterClip> masterClip) {
   Count(Call::kGetProxyMedia);
-  using Function = Ref<IMedia> (*)(const Ref<IMasterClip>&);
+  using Function = Borrowed<IMedia> (*)(Borrowed<IMasterClip>);
   static const auto real =
-      Real<Function>("_ZN2BE15MasterClipUtils13GetProxyMediaERKN7qelcore3RefINS_11IMasterClipEEE");
+      Real<Function>("_ZN2BE15MasterClipUtils13GetProxyMediaEN7qelcore8BorrowedINS_11IMasterClipEEE");
   return real(masterClip);
 }
 
-Ref<IProjectItem> MasterClipUtils::GetProjectItem(const Ref<IMasterClip>& masterClip) {
+Borrowed<IProjectItem> MasterClipUtils::GetProjectItem(Borrowed<IMasterClip> masterClip) {
   Count(Call::kGetProjectItem);
-  using Function = Ref<IProjectItem> (*)(const Ref<IMasterClip>&);
+  using Function = Borrowed<IProjectItem> (*)(Borrowed<IMasterClip>);
   static const auto real =
-      Real<Function>("_ZN2BE15MasterClipUtils14GetProjectItemERKN7qelcore3RefINS_11IMasterClipEEE");
+      Real<Function>("_ZN2BE15MasterClipUtils14GetProjectItemEN7qelcore8BorrowedINS_11IMasterClipEEE");
   return real(masterClip);
 }
 
-bool MediaUtils::IsSynthetic(const Ref<IMedia>& media) {
+bool MediaUtils::IsSynthetic(Borrowed<IMedia> media) {
   Count(Call::kIsSynthetic);
-  using Function = bool (*)(const Ref<IMedia>&);
+  using Function = bool (*)(Borrowed<IMedia>);
   static const auto real =
-      Real<Function>("_ZN2BE10MediaUtils11IsSyntheticERKN7qelcore3RefINS_6IMediaEEE");
+      Real<Function>("_ZN2BE10MediaUtils11IsSyntheticEN7qelcore8BorrowedINS_6IMediaEEE");
   return real(media);
 }
 
@@ -179,13 +180,13 @@ qelcore::UTF8String FindClip::GetVideoInfo(const Ref<BE::ITrackItem>& trackItem)
   return real(trackItem);
 }
 
-ZSL::Color ColorLabelUtils::GetDisplayLabelColorForClip(const Ref<BE::IClip>& clip,
+ZSL::Color ColorLabelUtils::GetDisplayLabelColorForClip(Borrowed<BE::IClip> clip,
                                                         const Ref<BE::IProject>& project) {
   Count(Call::kGetDisplayLabelColorForClip);
-  using Function = ZSL::Color (*)(const Ref<BE::IClip>&, const Ref<BE::IProject>&);
+  using Function = ZSL::Color (*)(Borrowed<BE::IClip>, const Ref<BE::IProject>&);
   static const auto real = Real<Function>(
-      "_ZN2MZ15ColorLabelUtils27GetDisplayLabelColorForClipERKN7qelcore3RefIN2BE5IClipEEERKNS2_INS3_"
-      "8IProjectEEE");
+      "_ZN2MZ15ColorLabelUtils27GetDisplayLabelColorForClipEN7qelcore8BorrowedIN2BE5IClipEEERKNS1_"
+      "3RefINS3_8IProjectEEE");
   return real(clip, project);
 }
 
@@ -198,13 +199,13 @@ bool Graphics::IsGraphicsTrackItem(const Ref<BE::ITrackItem>& trackItem) {
 }
 
 std::uint64_t Project::GetMasterClipUsageCount(const Ref<BE::IProject>& project,
-                                               const Ref<BE::IMasterClip>& masterClip,
+                                               Borrowed<BE::IMasterClip> masterClip,
                                                const Ref<BE::ISequence>& sequence) {
   Count(Call::kGetMasterClipUsageCount);
-  using Function = std::uint64_t (*)(const Ref<BE::IProject>&, const Ref<BE::IMasterClip>&,
-                                     const Ref<BE::ISequence>&);
+  using Function =
+      std::uint64_t (*)(const Ref<BE::IProject>&, Borrowed<BE::IMasterClip>, const Ref<BE::ISequence>&);
   static const auto real = Real<Function>(
-      "_ZN2MZ7Project23GetMasterClipUsageCountERKN7qelcore3RefIN2BE8IProjectEEERKNS2_INS3_"
+      "_ZN2MZ7Project23GetMasterClipUsageCountERKN7qelcore3RefIN2BE8IProjectEEENS1_8BorrowedINS3_"
       "11IMasterClipEEERKNS2_INS3_9ISequenceEEE");
   return real(project, masterClip, sequence);
 }
