@@ -8,6 +8,7 @@
 #include "host/BE/MediaTypes.h"
 #include "host/HostAPI.h"
 #include "host/MF/BinaryData.h"
+#include "host/qelcore/Borrowed.h"
 #include "host/qelcore/Files.h"
 #include "host/qelcore/Messaging.h"
 #include "host/qelcore/Reference.h"
@@ -119,9 +120,9 @@ class HOST_API ITrackItem : public qelcore::IUnknown {
   virtual qelmediatypes::TickTime GetStart() const = 0;
   virtual qelmediatypes::TickTime GetEnd() const = 0;
   /// The clip of a clip item, or empty.
-  virtual qelcore::Ref<IClip> GetClip() const = 0;
+  virtual qelcore::Borrowed<IClip> GetClip() const = 0;
   /// The item's track; answers ITrack.
-  virtual qelcore::Ref<qelcore::IUnknown> GetTrack() const = 0;
+  virtual qelcore::Borrowed<qelcore::IUnknown> GetTrack() const = 0;
 
  protected:
   ~ITrackItem() override;
@@ -158,7 +159,7 @@ class HOST_API IMedia : public qelcore::IUnknown {
   virtual qelcore::UTF8String GetAddress() const = 0;
   virtual bool IsOffline() const = 0;
   /// The reason of an offline media, or empty.
-  virtual qelcore::Ref<IOfflineReason> GetOfflineReason() const = 0;
+  virtual qelcore::Borrowed<IOfflineReason> GetOfflineReason() const = 0;
   /// The media's storage is not connected yet.
   virtual bool IsPendingConnection() const = 0;
   /// The media's file is still being recorded.
@@ -166,7 +167,7 @@ class HOST_API IMedia : public qelcore::IUnknown {
   /// The media's file was found elsewhere and is being connected.
   virtual bool IsPendingRelink() const = 0;
   /// The picture's source, or empty for media without picture.
-  virtual qelcore::Ref<IVideoSource> GetVideoSource() const = 0;
+  virtual qelcore::Borrowed<IVideoSource> GetVideoSource() const = 0;
 
  protected:
   ~IMedia() override;
@@ -183,7 +184,7 @@ class HOST_API IClip : public qelcore::IUnknown {
   virtual bool IsMulticam() const = 0;
   /// The duration of one frame or sample of what the clip plays; kUnknownFrameDuration if not known.
   virtual qelmediatypes::TickTime GetFrameDuration() const = 0;
-  virtual qelcore::Ref<IMedia> GetMedia() const = 0;
+  virtual qelcore::Borrowed<IMedia> GetMedia() const = 0;
 
  protected:
   ~IClip() override;
@@ -213,7 +214,7 @@ class HOST_API IComponent : public qelcore::IUnknown {
   /// True when this machine lacks the effect.
   virtual bool IsMissing() const = 0;
   /// The parameter at an index, or empty.
-  virtual qelcore::Ref<IComponentParam> GetParam(std::uint32_t index) const = 0;
+  virtual qelcore::Borrowed<IComponentParam> GetParam(std::uint32_t index) const = 0;
 
  protected:
   ~IComponent() override;
@@ -225,7 +226,7 @@ class HOST_API IComponentOwner : public qelcore::IUnknown {
   static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("BE::IComponentOwner");
   virtual std::size_t GetComponentCount() const = 0;
   /// `index` is below the count.
-  virtual qelcore::Ref<IComponent> GetComponent(std::size_t index) const = 0;
+  virtual qelcore::Borrowed<IComponent> GetComponent(std::size_t index) const = 0;
 
  protected:
   ~IComponentOwner() override;
@@ -250,7 +251,7 @@ class HOST_API IMasterClip : public qelcore::IUnknown {
   static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("BE::IMasterClip");
   virtual qelcore::UTF8String GetName() const = 0;
   /// The media, or empty.
-  virtual qelcore::Ref<IMedia> GetMedia() const = 0;
+  virtual qelcore::Borrowed<IMedia> GetMedia() const = 0;
 
  protected:
   ~IMasterClip() override;
@@ -265,7 +266,7 @@ class HOST_API IChildClip : public qelcore::IUnknown {
   /// True when what it plays is a sequence.
   virtual bool IsSequence() const = 0;
   /// The master clip, or empty.
-  virtual qelcore::Ref<IMasterClip> GetMasterClip() const = 0;
+  virtual qelcore::Borrowed<IMasterClip> GetMasterClip() const = 0;
 
  protected:
   ~IChildClip() override;

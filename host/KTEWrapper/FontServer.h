@@ -13,7 +13,7 @@ class HOST_API FontServer {
   FontServer& operator=(const FontServer&) = delete;
 
   /// The host's font server; lives as long as the host. The first call reads the installed fonts.
-  /// [any-thread]
+  /// [any-thread] Throws: qel_exception when the host has no way to list them.
   static FontServer& GetInstance();
 
   /// True when no installed font has that family name, full name or PostScript name (letter case is

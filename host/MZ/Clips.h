@@ -5,6 +5,7 @@
 #include "host/BE/Model.h"
 #include "host/HostAPI.h"
 #include "host/ZSL/Color.h"
+#include "host/qelcore/Borrowed.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/UTF8String.h"
 #include "host/qelmediatypes/TickTime.h"
@@ -22,7 +23,7 @@ HOST_API qelcore::UTF8String GetVideoInfo(const qelcore::Ref<BE::ITrackItem>& tr
 
 namespace ColorLabelUtils {
 /// The colour under which a clip is shown, looked up in `project` (or in the clip's own when empty).
-HOST_API ZSL::Color GetDisplayLabelColorForClip(const qelcore::Ref<BE::IClip>& clip,
+HOST_API ZSL::Color GetDisplayLabelColorForClip(qelcore::Borrowed<BE::IClip> clip,
                                                 const qelcore::Ref<BE::IProject>& project);
 }  // namespace ColorLabelUtils
 
@@ -35,14 +36,14 @@ namespace Project {
 /// How many clip items of `sequence` play media of the same address as `masterClip`, picture and sound
 /// counted one each. A clip without an address counts alone.
 HOST_API std::uint64_t GetMasterClipUsageCount(const qelcore::Ref<BE::IProject>& project,
-                                               const qelcore::Ref<BE::IMasterClip>& masterClip,
+                                               qelcore::Borrowed<BE::IMasterClip> masterClip,
                                                const qelcore::Ref<BE::ISequence>& sequence);
 }  // namespace Project
 
 namespace Utilities {
 /// Why a media is offline, for people ("Media file not found").
 HOST_API qelcore::UTF8String GetOfflineReasonDescription(
-    const qelcore::Ref<BE::IOfflineReason>& reason);
+    qelcore::Borrowed<BE::IOfflineReason> reason);
 }  // namespace Utilities
 
 namespace SettingsDescriptions {

@@ -15,6 +15,8 @@ namespace MZ {
 class HOST_API TrackItemSelection {
  public:
   explicit TrackItemSelection(std::vector<qelcore::Ref<BE::ITrackItem>> items);
+  /// A selection of one item, which needs no list.
+  static TrackItemSelection OfItem(const qelcore::Ref<BE::ITrackItem>& item);
 
   /// True when the selection is not empty and every item is a clip with several cameras.
   bool AreItemsMulticam() const;
@@ -24,7 +26,8 @@ class HOST_API TrackItemSelection {
   std::size_t GetMulticamItemsSelectedTrackIndex() const;
 
  private:
-  std::vector<qelcore::Ref<BE::ITrackItem>> items;
+  qelcore::Ref<BE::ITrackItem> first;
+  std::vector<qelcore::Ref<BE::ITrackItem>> others;
 };
 
 }  // namespace MZ

@@ -23,6 +23,9 @@ class HOST_API ICounted {
   virtual ~ICounted();
 };
 
+template <typename T>
+class Borrowed;
+
 /// Owning pointer to an object with AddRef() and Release().
 template <typename T>
 class Ref {
@@ -34,6 +37,9 @@ class Ref {
   Ref(Ref&& other) noexcept : object(std::exchange(other.object, nullptr)) {}
   template <typename U>
   requires std::is_convertible_v<U*, T*> Ref(const Ref<U>& other)
+  noexcept : object(other.Get()) { Acquire(); }
+  template <typename U>
+  requires std::is_convertible_v<U*, T*> Ref(Borrowed<U> other)
   noexcept : object(other.Get()) { Acquire(); }
   ~Ref() {
     if (object != nullptr) object->Release();

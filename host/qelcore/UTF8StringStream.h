@@ -1,14 +1,15 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "host/HostAPI.h"
 
 namespace qelcore {
 
-/// An output stream of UTF-8 bytes in memory. It formats nothing, so no locale touches it. One thread
-/// at a time.
+/// An output stream of UTF-8 bytes in memory. It formats nothing, so no locale touches it. Made for
+/// long texts: growing copies nothing. One thread at a time. Throws: std::bad_alloc.
 class HOST_API oUTF8StringStream {
  public:
   oUTF8StringStream();
@@ -17,19 +18,28 @@ class HOST_API oUTF8StringStream {
   oUTF8StringStream& operator=(const oUTF8StringStream&) = delete;
 
   oUTF8StringStream& operator<<(std::string_view bytes) {
-    text.append(bytes);
+    if (bytes.empty()) return *this;
+    if (bytes.size() > capacity - size) Grow(bytes.size());
+    std::memcpy(text + size, bytes.data(), bytes.size());
+    size += bytes.size();
     return *this;
   }
   oUTF8StringStream& operator<<(char byte) {
-    text.push_back(byte);
+    if (size == capacity) Grow(1);
+    text[size++] = byte;
     return *this;
   }
 
   /// All bytes written so far; valid until the next write.
-  const std::string& str() const noexcept { return text; }
+  std::string_view str() const noexcept { return {text, size}; }
 
  private:
-  std::string text;
+  /// Makes room for so many bytes more.
+  void Grow(std::size_t bytes);
+
+  char* text = nullptr;
+  std::size_t size = 0;
+  std::size_t capacity = 0;
 };
 
 }  // namespace qelcore

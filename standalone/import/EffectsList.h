@@ -7,6 +7,7 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "standalone/import/TextHash.h"
 #include "standalone/model/SequenceDraft.h"
 #include "standalone/runtime/StandaloneAPI.h"
 
@@ -21,11 +22,6 @@ class STANDALONE_API EffectsList {
   std::size_t Count() const noexcept { return names.size(); }
 
  private:
-  /// So that a name is looked up without a copy of it.
-  struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-  };
   std::unordered_set<std::string, TextHash, std::equal_to<>> names;
 };
 

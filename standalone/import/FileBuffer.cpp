@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "standalone/import/TimelineReader.h"
+#include "standalone/runtime/LargePages.h"
 
 namespace standalone {
 namespace {
@@ -34,6 +35,7 @@ std::string ReadToEnd(std::size_t expectedSize, std::string_view subject,
   constexpr std::size_t kBlock = std::size_t{1} << 16;
   std::string content;
   content.reserve(expectedSize + kBlock);
+  PreferLargePages(content.data(), content.capacity());
   for (;;) {
     const std::size_t length = content.size();
     content.resize(length + kBlock);

@@ -1,6 +1,8 @@
 #include "standalone/import/JsonKeys.h"
 
-#include <unordered_map>
+#include <array>
+#include <cstddef>
+#include <iterator>
 
 namespace standalone {
 namespace {
@@ -114,14 +116,34 @@ constexpr KeyUse kKeyUses[] = {
     {"text", JsonKey::kText, kParameters},
 };
 
+/// Where a name has its place, or the first one free behind it. Its
+/// length and three letters tell most names apart; the factors leave the fewest behind another one.
+constexpr std::uint8_t HashName(std::string_view name) {
+  const auto letter = [name](std::size_t at) { return static_cast<unsigned char>(name[at]); };
+  return static_cast<std::uint8_t>(name.size() * 7U + letter(0) * 29U + letter(name.size() / 2) +
+                                   letter(name.size() - 1) * 41U);
+}
+
+/// For each place, the position of its use behind a first one that stands for none.
+using KeyTable = std::array<std::uint8_t, 256>;
+
+constexpr KeyTable kKeyTable = [] {
+  KeyTable table{};
+  for (std::size_t i = 0; i < std::size(kKeyUses); ++i) {
+    std::uint8_t place = HashName(kKeyUses[i].name);
+    while (table[place] != 0) ++place;
+    table[place] = static_cast<std::uint8_t>(i + 1);
+  }
+  return table;
+}();
+
 const KeyUse* FindKeyUse(std::string_view name) {
-  static const auto table = [] {
-    std::unordered_map<std::string_view, const KeyUse*> uses;
-    for (const KeyUse& use : kKeyUses) uses.emplace(use.name, &use);
-    return uses;
-  }();
-  const auto found = table.find(name);
-  return found == table.end() ? nullptr : found->second;
+  if (name.empty()) return nullptr;
+  for (std::uint8_t place = HashName(name); kKeyTable[place] != 0; ++place) {
+    const KeyUse& use = kKeyUses[kKeyTable[place] - 1U];
+    if (use.name == name) return &use;
+  }
+  return nullptr;
 }
 
 }  // namespace

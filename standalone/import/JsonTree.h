@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,6 +15,8 @@
 namespace standalone {
 
 class JsonTree;
+class TextSource;
+struct JsonNode;
 
 /// A value of a JsonTree, or none: asking a missing value for anything gives nothing, so that chains of
 /// members need no checks. As cheap to copy as two numbers; valid as long as the tree.
@@ -64,9 +67,27 @@ class STANDALONE_API JsonValue {
  private:
   friend class JsonTree;
   JsonValue(const JsonTree* tree, std::uint32_t index) : tree(tree), index(index) {}
+  const JsonNode& GetNode() const;
 
   const JsonTree* tree = nullptr;
   std::uint32_t index = 0;
+};
+
+/// A timeline of 100,000 clips has millions of them, so a node is kept small: it has a length or an
+/// end, never both.
+struct JsonNode {
+  /// Where the text begins among those of the tree.
+  std::uint32_t text = 0;
+  /// The length of a text or number; of a container, the index of the first node that is not inside it;
+  /// 1 for true.
+  std::uint32_t extent = 0;
+  std::uint32_t line = 0;
+  JsonKey key = JsonKey::kNone;
+  JsonValue::Type type = JsonValue::Type::kNone;
+
+  bool IsContainer() const {
+    return type == JsonValue::Type::kObject || type == JsonValue::Type::kArray;
+  }
 };
 
 /// Metadata under one name that no reader looks at, or not at all of it.
@@ -91,14 +112,14 @@ struct JsonRepairs {
 };
 
 /// A JSON document cut down to the members that readers look at: one flat list of nodes in the order of
-/// the file, each with the index behind its last descendant. Texts are decoded in place and stay in the
-/// buffer, which the tree owns; an escaped half of a surrogate pair becomes U+FFFD. NaN and infinities
-/// are numbers; numbers keep their digits.
-/// Parsing takes linear time and no stack, however deep the nesting.
+/// the file, each with the index behind its last descendant. Texts are decoded and kept side by side;
+/// an escaped half of a surrogate pair becomes U+FFFD. NaN and infinities are numbers; numbers keep
+/// their digits. Parsing takes linear time and no stack, however deep the nesting.
 class STANDALONE_API JsonTree {
  public:
   /// Throws ImportError with the line when the text is not JSON, ends early, is no UTF-8, or when the
   /// progress says that the read is cancelled. Reports from 0 to `lastFraction`.
+  JsonTree(TextSource& source, const ImportProgress& progress, double lastFraction);
   JsonTree(std::string text, const ImportProgress& progress, double lastFraction);
   JsonTree(const JsonTree&) = delete;
   JsonTree& operator=(const JsonTree&) = delete;
@@ -121,23 +142,55 @@ class STANDALONE_API JsonTree {
   friend class JsonValue;
   friend class JsonTreeBuilder;
 
-  struct Node {
-    const char* text = nullptr;
-    std::uint32_t length = 0;
-    /// Index of the first node that is not inside this one.
-    std::uint32_t end = 0;
-    std::uint32_t line = 0;
-    JsonKey key = JsonKey::kNone;
-    JsonValue::Type type = JsonValue::Type::kNone;
-  };
+  std::string_view GetText(const JsonNode& node) const {
+    return {texts.data() + node.text, node.extent};
+  }
+  /// Index of the first node that is not inside that one. A free-text name ends where its value ends.
+  std::uint32_t GetEnd(std::uint32_t index) const {
+    if (nodes[index].key == JsonKey::kNamed) ++index;
+    return nodes[index].IsContainer() ? nodes[index].extent : index + 1;
+  }
 
-  void ReplaceLoneSurrogates();
-
-  std::string buffer;
-  std::vector<Node> nodes;
+  /// Of all nodes.
+  std::string texts;
+  std::vector<JsonNode> nodes;
+  /// What is told about the document, apart; a name never moves.
+  std::deque<std::string> names;
   std::vector<UnreadMetadata> unreadMetadata;
   UnreadMetadata furtherUnreadMetadata;
   JsonRepairs repairs;
 };
+
+// Readers ask some hundred questions for each clip, so the answers are inline.
+
+inline const JsonNode& JsonValue::GetNode() const {
+  return tree->nodes[index];
+}
+
+inline JsonValue::Type JsonValue::GetType() const {
+  return tree == nullptr ? Type::kNone : GetNode().type;
+}
+
+inline JsonValue JsonValue::operator[](JsonKey key) const {
+  if (!IsObject()) return {};
+  const std::uint32_t last = GetNode().extent;
+  for (std::uint32_t member = index + 1; member < last; member = tree->GetEnd(member)) {
+    if (tree->nodes[member].key == key) return {tree, member};
+  }
+  return {};
+}
+
+inline std::string_view JsonValue::GetText() const {
+  return GetType() == Type::kString ? tree->GetText(GetNode()) : std::string_view();
+}
+
+inline std::string_view JsonValue::GetNumber() const {
+  return GetType() == Type::kNumber ? tree->GetText(GetNode()) : std::string_view();
+}
+
+inline std::optional<bool> JsonValue::GetBool() const {
+  if (GetType() != Type::kBool) return std::nullopt;
+  return GetNode().extent != 0;
+}
 
 }  // namespace standalone

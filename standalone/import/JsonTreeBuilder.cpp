@@ -1,45 +1,13 @@
 #include "standalone/import/JsonTreeBuilder.h"
 
-#include <rapidjson/reader.h>
-
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <utility>
 
 #include "standalone/import/FileBuffer.h"
-
-namespace standalone {
-
-struct JsonTreeBuilder::Stream {
-  using Ch = char;
-
-  explicit Stream(char* text) : source(text), target(text), head(text) {}
-
-  char Peek() const { return *source; }
-  char Take() {
-    if (*source == '\n') ++line;
-    return *source++;
-  }
-  std::size_t Tell() const { return static_cast<std::size_t>(source - head); }
-  void Put(char c) { *target++ = c; }
-  void Flush() {}
-  char* PutBegin() { return target = source; }
-  std::size_t PutEnd(const char* begin) const { return static_cast<std::size_t>(target - begin); }
-
-  char* source;
-  char* target;
-  char* head;
-  std::uint32_t line = 1;
-};
-
-}  // namespace standalone
-
-/// The parser works on a copy of the stream and writes it back: it finds the beginning of a number's
-/// digits by the original, and the compiler keeps the copy in registers.
-template <>
-struct rapidjson::StreamTraits<standalone::JsonTreeBuilder::Stream> {
-  enum { copyOptimization = 1 };
-};
+#include "standalone/import/JsonStream.h"
+#include "standalone/runtime/LargePages.h"
 
 namespace standalone {
 namespace {
@@ -54,28 +22,42 @@ constexpr std::size_t kReportStep = std::size_t{1} << 20;
 
 }  // namespace
 
-JsonTreeBuilder::JsonTreeBuilder(JsonTree& tree, const ImportProgress& progress, double lastFraction)
-    : tree(tree), progress(progress), lastFraction(lastFraction) {}
+JsonTreeBuilder::JsonTreeBuilder(JsonTree& tree, JsonWindow& window, std::size_t expectedLength,
+                                 const ImportProgress& progress, double lastFraction)
+    : tree(tree),
+      window(window),
+      expectedLength(expectedLength),
+      progress(progress),
+      lastFraction(lastFraction) {}
 
 void JsonTreeBuilder::Parse() {
-  const std::size_t markLength = tree.buffer.size() - SkipByteOrderMark(tree.buffer).size();
-  char* text = tree.buffer.data() + markLength;
-  Stream source(text);
+  JsonStream source(window);
+  const std::string_view beginning = window.GetRest(source.source);
+  source.source += beginning.size() - SkipByteOrderMark(beginning).size();
   stream = &source;
-  rapidjson::Reader reader;
+  rapidjson::GenericReader<JsonEncoding, JsonEncoding> reader;
   const rapidjson::ParseResult result = reader.Parse<kParseFlags>(source, *this);
   if (isCancelled) throw ImportError(0, "Reading was cancelled.");
-  if (result.IsError()) ThrowParseError(result.Code(), markLength + result.Offset());
-  // The parser takes a zero byte for the end. Some systems pad files with them; text behind is damage.
+  if (result.IsError()) ThrowParseError(result.Code(), result.Offset());
+  const std::size_t end = source.Tell();
+  if (!IsPaddingToEnd(source)) ThrowParseError(rapidjson::kParseErrorDocumentRootNotSingular, end);
+}
+
+/// The parser takes a zero byte for the end. Some systems pad files with them; text behind is damage.
+bool JsonTreeBuilder::IsPaddingToEnd(const JsonStream& source) {
   constexpr std::string_view kPadding("\0 \t\r\n", 5);
-  const std::size_t end = markLength + source.Tell();
-  if (tree.buffer.find_first_not_of(kPadding, end) == std::string::npos) return;
-  ThrowParseError(rapidjson::kParseErrorDocumentRootNotSingular, end);
+  std::string_view rest = window.GetRest(source.source);
+  while (rest.find_first_not_of(kPadding) == std::string_view::npos) {
+    if (window.IsAtEnd()) return true;
+    window.Slide(rest.data() + rest.size(), source.line);
+    rest = window.GetRest(window.GetBegin());
+  }
+  return false;
 }
 
 void JsonTreeBuilder::ThrowParseError(int code, std::size_t offset) const {
   const std::size_t line = stream->line;
-  if (offset >= tree.buffer.size()) {
+  if (window.IsAtEnd() && offset >= window.GetLengthSoFar()) {
     throw ImportError(line,
                       "The file ends in the middle; it is not complete: export or copy it again.");
   }
@@ -98,7 +80,7 @@ bool JsonTreeBuilder::GoesOn() {
   nextReport = position + kReportStep;
   if (progress.report) {
     progress.report(lastFraction * static_cast<double>(position) /
-                    static_cast<double>(tree.buffer.size()));
+                    static_cast<double>(std::max(position, expectedLength)));
   }
   isCancelled = progress.isCancelled && progress.isCancelled();
   return !isCancelled;
@@ -116,14 +98,16 @@ bool JsonTreeBuilder::IsWanted(bool hasContent) {
 void JsonTreeBuilder::BeginUnread(std::string_view name) {
   const JsonContext context = open.back().context;
   if (context == JsonContext::kMetadata && name != "OTIO_SCHEMA") unreadName = name;
-  if (context == JsonContext::kWriter && writer.count == 0) unreadName = writer.name;
+  if (context == JsonContext::kWriter && writer.count == 0) unreadName = writerName;
 }
 
 void JsonTreeBuilder::EndUnread(bool hasContent, bool isObject) {
-  const std::string_view name = std::exchange(unreadName, {});
-  if (name.empty() || !hasContent) return;
+  if (unreadName.empty()) return;
+  const std::string name = std::exchange(unreadName, {});
+  if (!hasContent) return;
   if (open.back().context == JsonContext::kWriter) {
     writer.count = 1;
+    writer.name = writerName;
     CountUnread(writer);
     return;
   }
@@ -146,19 +130,47 @@ void JsonTreeBuilder::CountUnread(const UnreadMetadata& metadata) {
     ++found->count;
   } else if (known.size() < kMostNames) {
     known.push_back(metadata);
+    known.back().name = KeepName(metadata.name);
   } else if (further.count++ == 0) {
     further.firstOwner = metadata.firstOwner;
   }
 }
 
-void JsonTreeBuilder::AddNode(JsonValue::Type type, const char* text, std::size_t length) {
-  const auto index = static_cast<std::uint32_t>(tree.nodes.size());
-  // A free name's node ends where its value ends; Close() sets that for containers.
-  if (key == JsonKey::kNamed) tree.nodes.back().end = index + 1;
-  JsonTree::Node node;
-  node.text = text;
-  node.length = static_cast<std::uint32_t>(length);
-  node.end = index + 1;
+/// As many as the text will give if it goes on as it began; so a large one is not copied as it grows.
+std::size_t JsonTreeBuilder::ExpectInAll(std::size_t countSoFar) const {
+  constexpr double kMargin = 1.1;
+  const double whole = static_cast<double>(expectedLength) / static_cast<double>(stream->Tell() + 1);
+  const auto expected = static_cast<std::size_t>(static_cast<double>(countSoFar) * whole * kMargin);
+  return std::max(countSoFar * 5 / 4, expected);
+}
+
+void JsonTreeBuilder::MakeRoom() {
+  constexpr std::size_t kSample = std::size_t{1} << 16;
+  const std::size_t count = tree.nodes.size();
+  tree.nodes.reserve(count < kSample ? std::max(2 * count, kSample / 64) : ExpectInAll(count));
+  PreferLargePages(tree.nodes.data() + count, (tree.nodes.capacity() - count) * sizeof(JsonNode));
+}
+
+std::uint32_t JsonTreeBuilder::Keep(std::string_view text) {
+  constexpr std::size_t kSample = std::size_t{1} << 19;
+  std::string& texts = tree.texts;
+  const std::size_t place = texts.size();
+  if (texts.capacity() - place < text.size() && place >= kSample) {
+    texts.reserve(ExpectInAll(place + text.size()));
+  }
+  texts.append(text);
+  return static_cast<std::uint32_t>(place);
+}
+
+std::string_view JsonTreeBuilder::KeepName(std::string_view name) {
+  return tree.names.emplace_back(name);
+}
+
+void JsonTreeBuilder::AddNode(JsonValue::Type type, const char* text, std::size_t extent) {
+  if (tree.nodes.size() == tree.nodes.capacity()) MakeRoom();
+  JsonNode node;
+  if (text != nullptr) node.text = Keep({text, extent});
+  node.extent = static_cast<std::uint32_t>(extent);
   node.line = stream->line;
   node.key = key == JsonKey::kNamed ? JsonKey::kNone : key;
   node.type = type;
@@ -193,13 +205,20 @@ bool JsonTreeBuilder::Key(const char* text, unsigned length, bool) {
   key = FindJsonKey(name, context);
   isMemberDropped = key == JsonKey::kNone;
   if (key == JsonKey::kNamed) {
-    AddName(text, length);
+    AddNode(JsonValue::Type::kString, text, length);
+    key = tree.nodes.back().key = JsonKey::kNamed;
   } else if (isMemberDropped) {
     BeginUnread(name);
   } else {
     NoteRepeat(name);
-    if (context == JsonContext::kMetadata) writer = {name, open[open.size() - 2].node, 0, true};
-    if (context == JsonContext::kParameters) writer = {};
+    if (context == JsonContext::kMetadata) {
+      writer = {{}, open[open.size() - 2].node, 0, true};
+      writerName = name;
+    }
+    if (context == JsonContext::kParameters) {
+      writer = {};
+      writerName.clear();
+    }
   }
   return true;
 }
@@ -210,19 +229,9 @@ void JsonTreeBuilder::NoteRepeat(std::string_view name) {
   auto& keys = open.back().keys;
   if (keys.test(position) && key != JsonKey::kFont && tree.repairs.repeatedMembers++ == 0) {
     tree.repairs.repeatedMemberLine = stream->line;
-    tree.repairs.repeatedMemberName = name;
+    tree.repairs.repeatedMemberName = KeepName(name);
   }
   keys.set(position);
-}
-
-void JsonTreeBuilder::AddName(const char* text, unsigned length) {
-  JsonTree::Node node;
-  node.text = text;
-  node.length = length;
-  node.line = stream->line;
-  node.key = JsonKey::kNamed;
-  node.type = JsonValue::Type::kString;
-  tree.nodes.push_back(node);
 }
 
 bool JsonTreeBuilder::Open(JsonValue::Type type) {
@@ -247,10 +256,7 @@ bool JsonTreeBuilder::Close(unsigned count, bool isObject) {
     if (--droppedDepth == 0) EndUnread(count != 0, isObject);
     return true;
   }
-  const std::uint32_t node = open.back().node;
-  const auto end = static_cast<std::uint32_t>(tree.nodes.size());
-  tree.nodes[node].end = end;
-  if (node > 0 && tree.nodes[node - 1].key == JsonKey::kNamed) tree.nodes[node - 1].end = end;
+  tree.nodes[open.back().node].extent = static_cast<std::uint32_t>(tree.nodes.size());
   open.pop_back();
   return true;
 }

@@ -3,6 +3,7 @@
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -10,11 +11,16 @@
 
 namespace standalone {
 
+class JsonWindow;
+struct JsonStream;
+
 /// Fills a JsonTree from the events of the parser, which calls the operations named after JSON's
 /// values. Each returns false to end the parse.
 class JsonTreeBuilder {
  public:
-  JsonTreeBuilder(JsonTree& tree, const ImportProgress& progress, double lastFraction);
+  /// The text that comes through the window is about that long.
+  JsonTreeBuilder(JsonTree& tree, JsonWindow& window, std::size_t expectedLength,
+                  const ImportProgress& progress, double lastFraction);
   void Parse();
 
   bool Null();
@@ -34,11 +40,6 @@ class JsonTreeBuilder {
   bool Double(double) { return false; }
 
  private:
-  /// The parser's view of the buffer: decodes strings in place and counts lines on the way. A line
-  /// break inside a string is escaped, so every real one passes here before its bytes can be
-  /// overwritten.
-  struct Stream;
-
   struct OpenContainer {
     std::uint32_t node;
     JsonContext context;
@@ -52,27 +53,35 @@ class JsonTreeBuilder {
   void BeginUnread(std::string_view name);
   void EndUnread(bool hasContent, bool isObject);
   void CountUnread(const UnreadMetadata& metadata);
-  void AddName(const char* text, unsigned length);
-  void AddNode(JsonValue::Type type, const char* text, std::size_t length);
+  /// Returns where the text stands among those of the tree.
+  std::uint32_t Keep(std::string_view text);
+  std::string_view KeepName(std::string_view name);
+  std::size_t ExpectInAll(std::size_t countSoFar) const;
+  void MakeRoom();
+  void AddNode(JsonValue::Type type, const char* text, std::size_t extent);
   bool Open(JsonValue::Type type);
   bool Close(unsigned count, bool isObject);
   bool GoesOn();
+  bool IsPaddingToEnd(const JsonStream& source);
   [[noreturn]] void ThrowParseError(int code, std::size_t offset) const;
 
   JsonTree& tree;
+  JsonWindow& window;
+  std::size_t expectedLength;
   const ImportProgress& progress;
   double lastFraction;
-  const Stream* stream = nullptr;
+  const JsonStream* stream = nullptr;
   std::vector<OpenContainer> open;
   /// Depth inside a container that is dropped; 0: nothing is dropped.
   std::size_t droppedDepth = 0;
   JsonKey key = JsonKey::kNone;
   bool isMemberDropped = false;
   /// The known writer's dictionary that was opened last, and whether it counts already; without a name:
-  /// a parameter of a generator.
+  /// a parameter of a generator. The window slides below names, so they are copies.
   UnreadMetadata writer;
+  std::string writerName;
   /// Name of the metadata that is being dropped; empty: none that counts.
-  std::string_view unreadName;
+  std::string unreadName;
   bool isCancelled = false;
   std::size_t nextReport = 0;
 };

@@ -34,10 +34,16 @@ JsonValue OtioImport::Expect(JsonValue object, JsonKey key, JsonValue::Type type
   return {};
 }
 
-MediaAddress OtioImport::LocateMedia(std::string_view written) {
-  MediaAddress address = ReadMediaAddress(written, folder);
-  roots.Locate(address, files);
-  return address;
+LocatedMedia& OtioImport::LocateMedia(std::string_view written) {
+  if (const auto known = locatedMedia.find(written); known != locatedMedia.end()) return known->second;
+  LocatedMedia media{ReadMediaAddress(written, folder)};
+  roots.Locate(media.address, files);
+  return locatedMedia.emplace(written, std::move(media)).first->second;
+}
+
+bool OtioImport::FileExists(LocatedMedia& media) {
+  if (!media.exists) media.exists = files.Exists(media.address.lookUpPath);
+  return *media.exists;
 }
 
 OtioSchema OtioImport::Recognise(JsonValue object, const OtioPlace& place) {

@@ -1,10 +1,12 @@
 #pragma once
 
-#include <filesystem>
+#include <functional>
 #include <initializer_list>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -12,9 +14,16 @@
 #include "standalone/import/OtioPlace.h"
 #include "standalone/import/OtioReport.h"
 #include "standalone/import/OtioSchema.h"
+#include "standalone/import/TextHash.h"
 #include "standalone/import/TimelineReader.h"
 
 namespace standalone {
+
+/// A media address of the file, and whether its file exists, as far as that was asked.
+struct LocatedMedia {
+  MediaAddress address;
+  std::optional<bool> exists = {};
+};
 
 /// What the parts of one read share.
 class OtioImport {
@@ -42,9 +51,9 @@ class OtioImport {
   OtioSchema Recognise(JsonValue object, const OtioPlace& place);
 
   /// The address that the file names, with where to look for its file: the media roots are tried when
-  /// nothing lies where it says.
-  MediaAddress LocateMedia(std::string_view written);
-  bool FileExists(const std::filesystem::path& path) { return files.Exists(path); }
+  /// nothing lies where it says. Valid as long as this object.
+  LocatedMedia& LocateMedia(std::string_view written);
+  bool FileExists(LocatedMedia& media);
 
   /// Progress goes on from `parsedFraction` to 1 as values with indexes up to `nodeCount` are used.
   void SetScale(double parsedFraction, std::size_t nodeCount);
@@ -58,6 +67,8 @@ class OtioImport {
   MediaRoots roots;
   std::string stem;
   FileLookUp files;
+  /// By what the file writes: clips name the same few addresses over and over.
+  std::unordered_map<std::string, LocatedMedia, TextHash, std::equal_to<>> locatedMedia;
   std::vector<ImportNote> notes;
   OtioReport report;
   std::set<std::string_view> newerSchemas;

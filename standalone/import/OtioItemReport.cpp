@@ -19,9 +19,8 @@ bool HasLength(JsonValue offset) {
 }
 
 /// Whether the clip leaves out the beginning of its media; media that tell no start begin at zero.
-bool BeginsLater(const OtioTimeReading& start, JsonValue media) {
+bool BeginsLater(const OtioTimeReading& start, const OtioTimeReading& first) {
   if (!start.time) return false;
-  const OtioTimeReading first = ReadOtioTime(media[JsonKey::kAvailableRange][JsonKey::kStartTime]);
   if (!first.time) return start.time->value.units != 0;
   if (first.time->value == start.time->value && first.time->rate == start.time->rate) return false;
   return ToTicks(*first.time) != ToTicks(*start.time);
@@ -53,13 +52,13 @@ void ReportTransition(JsonValue transition, OtioImport& import, const OtioPlace&
   import.GetReport().Count(OtioRemark::kTransitionLengths, place, transition);
 }
 
-void ReportClipRange(JsonValue clip, const OtioRange& own, JsonValue media, OtioImport& import,
-                     const OtioPlace& place) {
+void ReportClipRange(JsonValue clip, const OtioRange& own, const OtioRange& available,
+                     OtioImport& import, const OtioPlace& place) {
   if (own.isPresent) {
-    if (BeginsLater(own.start, media)) {
+    if (BeginsLater(own.start, available.start)) {
       import.GetReport().Count(OtioRemark::kBeginningsInMedia, place, clip);
     }
-  } else if (ReadOtioRange(media[JsonKey::kAvailableRange]).duration.time) {
+  } else if (available.duration.time) {
     import.GetReport().Count(OtioRemark::kLengthsOfMedia, place, clip);
   }
 }

@@ -15,9 +15,10 @@ void ReportGap(JsonValue gap, OtioImport& import, const OtioPlace& place);
 void ReportMarkers(JsonValue item, OtioImport& import, const OtioPlace& place);
 /// How long a transition is, unless it has no length.
 void ReportTransition(JsonValue transition, OtioImport& import, const OtioPlace& place);
-/// The part of its media that a clip plays: by its own range, or all of it without one.
-void ReportClipRange(JsonValue clip, const OtioRange& own, JsonValue media, OtioImport& import,
-                     const OtioPlace& place);
+/// The part of its media, as far as that is `available`, that a clip plays: by its own range, or all of
+/// it without one.
+void ReportClipRange(JsonValue clip, const OtioRange& own, const OtioRange& available,
+                     OtioImport& import, const OtioPlace& place);
 /// A time whose rate is written with few decimals.
 void ReportRate(const OtioTimeReading& reading, JsonValue object, OtioImport& import,
                 const OtioPlace& place);

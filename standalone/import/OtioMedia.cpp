@@ -24,7 +24,7 @@ OtioReference Classify(JsonValue object, OtioImport& import, const OtioPlace& pl
     return {};
   }
   const OtioSchema schema = import.Recognise(object, place);
-  OtioReference reference{object, schema.kind};
+  OtioReference reference{object, schema.kind, ReadOtioRange(object[JsonKey::kAvailableRange])};
   if (schema.kind == OtioKind::kUnknown) {
     import.AddNote(place, object,
                    "Unknown kind of media reference \"" + std::string(schema.name) +
@@ -86,7 +86,7 @@ std::uint32_t ReadFourCC(JsonValue value) {
 /// A file of which the timeline plays one frame, or does not say how many.
 bool CanBeStill(const OtioReference& reference) {
   if (reference.kind != OtioKind::kExternalReference) return false;
-  const OtioRange range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]);
+  const OtioRange& range = reference.availableRange;
   constexpr Decimal kOneFrame{kUnitsPerOne};
   return !range.isPresent || (range.duration.time && range.duration.time->value == kOneFrame);
 }
@@ -102,23 +102,24 @@ bool HasFile(OtioKind kind) {
 }
 
 /// Addresses of other schemes can't be looked up and count as online.
-bool IsFileLost(const OtioReference& reference, const MediaAddress& address, OtioImport& import,
+bool IsFileLost(const OtioReference& reference, LocatedMedia& located, OtioImport& import,
                 const OtioPlace& place) {
   if (!HasFile(reference.kind)) return false;
-  if (!address.lookUpPath.empty()) return !import.FileExists(address.lookUpPath);
+  const MediaAddress& address = located.address;
+  if (!address.lookUpPath.empty()) return !import.FileExists(located);
   const bool isOnline = address.text.find("://") != std::string::npos;
   const OtioRemark remark = isOnline ? OtioRemark::kMediaOnline : OtioRemark::kForeignPaths;
   if (!address.text.empty()) import.GetReport().Count(remark, place, reference.object);
   return !isOnline;
 }
 
-void ReadOffline(const OtioReference& reference, const MediaAddress& address, OtioImport& import,
+void ReadOffline(const OtioReference& reference, LocatedMedia& located, OtioImport& import,
                  const OtioPlace& place, MediaDraft& media) {
   const JsonValue index = GetIndexMetadata(reference.object);
   const bool isMissing = reference.kind == OtioKind::kMissingReference;
   const auto flag = index[JsonKey::kOffline].GetBool();
   media.isOnlineStated = flag && !*flag;
-  media.isOffline = flag ? *flag : isMissing || IsFileLost(reference, address, import, place);
+  media.isOffline = flag ? *flag : isMissing || IsFileLost(reference, located, import, place);
   if (!media.isOffline) return;
   media.offlineReason = index[JsonKey::kOfflineReason].GetString();
   if (media.offlineReason.empty()) media.offlineReason = isMissing ? kNoMedia : kFileNotFound;
@@ -189,10 +190,10 @@ OtioReference FindProxyReference(JsonValue clip, OtioImport& import, const OtioP
   return Classify(proxy.reference, import, place);
 }
 
-MediaAddress ReadReferenceAddress(const OtioReference& reference, OtioImport& import) {
+LocatedMedia& ReadReferenceAddress(const OtioReference& reference, OtioImport& import) {
   switch (reference.kind) {
     case OtioKind::kGeneratorReference:
-      return {};
+      return import.LocateMedia({});
     case OtioKind::kImageSequenceReference:
       return import.LocateMedia(GetFirstPicture(reference.object));
     case OtioKind::kMissingReference:
@@ -206,13 +207,13 @@ MediaAddress ReadReferenceAddress(const OtioReference& reference, OtioImport& im
 MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import, const OtioPlace& place) {
   CheckAddress(reference, import, place);
   const JsonValue index = GetIndexMetadata(reference.object);
-  const MediaAddress address = ReadReferenceAddress(reference, import);
+  LocatedMedia& located = ReadReferenceAddress(reference, import);
   MediaDraft media;
-  media.address = address.text;
-  media.lookUpPath = address.lookUpPath.string();
+  media.address = located.address.text;
+  media.lookUpPath = located.address.lookUpPath.native();
   media.isSynthetic =
       index[JsonKey::kSynthetic].GetBool().value_or(reference.kind == OtioKind::kGeneratorReference);
-  ReadOffline(reference, address, import, place, media);
+  ReadOffline(reference, located, import, place, media);
   ReadStatus(index[JsonKey::kStatus], media);
   media.codec = index[JsonKey::kCodec].GetString();
   media.fourCC = ReadFourCC(index[JsonKey::kFourCC]);
@@ -225,7 +226,7 @@ MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import, const O
 }
 
 std::optional<Rate> ReadMediaRate(const OtioReference& reference, TrackKind kind) {
-  const auto range = ReadOtioRange(reference.object[JsonKey::kAvailableRange]).GetRate();
+  const auto range = reference.availableRange.GetRate();
   if (kind == TrackKind::kAudio) return range && !range->IsPictureRate() ? range : std::nullopt;
   if (range && range->IsPictureRate()) return range;
   if (reference.kind != OtioKind::kImageSequenceReference) return std::nullopt;

@@ -14,6 +14,8 @@ struct OtioReference {
   /// None when the clip has no media at all.
   JsonValue object;
   OtioKind kind = OtioKind::kMissingReference;
+  /// What there is of it.
+  OtioRange availableRange = {};
 };
 
 /// The media that the clip's active key names, or the only one of older files; none when there is none.
@@ -28,7 +30,7 @@ OtioReference FindActiveReference(JsonValue clip, OtioImport& import, const Otio
 OtioReference FindProxyReference(JsonValue clip, OtioImport& import, const OtioPlace& place);
 
 /// The address of a reference's file; of an image sequence, the first picture.
-MediaAddress ReadReferenceAddress(const OtioReference& reference, OtioImport& import);
+LocatedMedia& ReadReferenceAddress(const OtioReference& reference, OtioImport& import);
 
 /// A missing reference is offline, and so is a file that does not exist; generators never are. The
 /// flags of our metadata win over both, so a timeline can travel without its media and still tell what

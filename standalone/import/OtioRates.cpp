@@ -103,7 +103,9 @@ class ItemRateSearch {
     if (rate && rate->IsPictureRate()) return rate;
     if (!rate || kind != TrackKind::kVideo) return std::nullopt;
     const JsonValue media = FindActiveMedia(item);
-    const auto mediaRate = ReadMediaRate({media, GetOtioSchema(media).kind}, TrackKind::kVideo);
+    const auto mediaRate = ReadMediaRate(
+        {media, GetOtioSchema(media).kind, ReadOtioRange(media[JsonKey::kAvailableRange])},
+        TrackKind::kVideo);
     if (!mediaRate && range.duration.time) step.Add(*range.duration.time);
     return mediaRate;
   }

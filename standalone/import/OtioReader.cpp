@@ -136,9 +136,9 @@ bool OtioReader::Recognises(std::string_view beginning, const std::filesystem::p
   return !isWide && (beginning[first] == '{' || beginning[first] == '[');
 }
 
-ImportResult OtioReader::Read(std::string buffer, const TimelineSource& source,
+ImportResult OtioReader::Read(TextSource& text, const TimelineSource& source,
                               const ImportProgress& progress) const {
-  const JsonTree tree(std::move(buffer), progress, kParsedFraction);
+  const JsonTree tree(text, progress, kParsedFraction);
   RequireSchema(tree.GetRoot());
   OtioImport import(source, progress);
   NoteRepairs(tree.GetRepairs(), import);

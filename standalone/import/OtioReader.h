@@ -10,7 +10,8 @@ class STANDALONE_API OtioReader final : public TimelineReader {
  public:
   std::string_view GetFormatName() const override;
   bool Recognises(std::string_view beginning, const std::filesystem::path& file) const override;
-  ImportResult Read(std::string buffer, const TimelineSource& source,
+  using TimelineReader::Read;
+  ImportResult Read(TextSource& text, const TimelineSource& source,
                     const ImportProgress& progress) const override;
 };
 

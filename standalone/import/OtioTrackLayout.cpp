@@ -5,6 +5,7 @@
 
 #include "standalone/import/OtioEffects.h"
 #include "standalone/import/OtioItemReport.h"
+#include "standalone/runtime/LargePages.h"
 
 namespace standalone {
 namespace {
@@ -34,10 +35,11 @@ class TrackLayout {
 
   /// Moves on by the range's duration, or stays where it can't be read, which is noted.
   void Advance(JsonValue item, std::string_view word, const OtioRange& range);
-  void AdvanceTo(const TimeSum& duration);
+  /// The next item takes the time from the end of the last one to the position.
+  void MoveToPosition();
   bool IsVisible() const;
-  /// Adds the item between start and end, cut to the window, unless nothing of it is visible.
-  void Append(std::optional<ClipDraft> clip);
+  /// Adds the item between start and end, which is visible, cut to the window.
+  void Append(std::optional<ClipDraft>&& clip);
   void DropTrailingGaps();
   void NoteLooseTransition();
   void ReportOutside(const OtioPlace& place, JsonValue item);
@@ -68,6 +70,8 @@ class TrackLayout {
 TimeSum TrackLayout::LayOut() {
   position.Add(window.shift);
   end = position.ToTicks();
+  track.items.reserve(source.items.size());
+  PreferLargePages(track.items.data(), track.items.capacity() * sizeof(TrackItemDraft));
   for (const JsonValue item : source.items) {
     if (end >= qelmediatypes::kOneHundredHours) {
       NoteCut(item);
@@ -132,7 +136,7 @@ void TrackLayout::NoteLooseTransition() {
 void TrackLayout::PlaceGap(JsonValue gap) {
   NoteLooseTransition();
   Advance(gap, "gap", ReadOtioRange(gap[JsonKey::kSourceRange]));
-  Append(std::nullopt);
+  if (IsVisible()) Append(std::nullopt);
   ReportGap(gap, import, PlaceOf("gap", gap[JsonKey::kName].GetText()));
   if (IsVisible() && gapsAtEnd++ == 0) firstGapAtEnd = gap;
   isAfterClip = false;
@@ -143,14 +147,13 @@ void TrackLayout::PlaceClip(JsonValue clip) {
   const OtioPlace place = PlaceOf("clip", clip[JsonKey::kName].GetText());
   const OtioReference reference = FindActiveReference(clip, import, place);
   const OtioRange own = ReadOtioRange(clip[JsonKey::kSourceRange]);
-  Advance(clip, "clip",
-          own.isPresent ? own : ReadOtioRange(reference.object[JsonKey::kAvailableRange]));
+  Advance(clip, "clip", own.isPresent ? own : reference.availableRange);
   if (!IsVisible()) {
     ReportOutside(place, clip);
     return;
   }
   ReportMarkers(clip, import, place);
-  ReportClipRange(clip, own, reference.object, import, place);
+  ReportClipRange(clip, own, reference.availableRange, import, place);
   Append(ReadOtioClip(clip, reference, source.kind, context.rates, import, place));
 }
 
@@ -161,7 +164,8 @@ void TrackLayout::PlaceNested(JsonValue item, OtioKind kind) {
   if (range.isPresent) {
     Advance(item, word, range);
   } else {
-    AdvanceTo(nested.length);
+    position.Add(nested.length);
+    MoveToPosition();
   }
   const OtioPlace place = PlaceOf(word, item[JsonKey::kName].GetText());
   if (!IsVisible()) {
@@ -183,9 +187,8 @@ void TrackLayout::PlaceNested(JsonValue item, OtioKind kind) {
 void TrackLayout::PlaceUnknown(JsonValue item, const OtioSchema& schema) {
   const OtioPlace place = PlaceOf("item", item[JsonKey::kName].GetText());
   const OtioRange range = ReadOtioRange(item[JsonKey::kSourceRange]);
-  TimeSum duration;
-  if (range.duration.time) duration.Add(*range.duration.time);
-  AdvanceTo(duration);
+  if (range.duration.time) position.Add(*range.duration.time);
+  MoveToPosition();
   const std::string kind = schema.name.empty()
                                ? "An object without \"OTIO_SCHEMA\""
                                : "Unknown kind of object \"" + std::string(schema.name) + "\"";
@@ -208,9 +211,8 @@ void TrackLayout::PlaceUnknown(JsonValue item, const OtioSchema& schema) {
 }
 
 void TrackLayout::Advance(JsonValue item, std::string_view word, const OtioRange& range) {
-  TimeSum duration;
-  if (range.duration.time) duration.Add(*range.duration.time);
-  AdvanceTo(duration);
+  if (range.duration.time) position.Add(*range.duration.time);
+  MoveToPosition();
   const OtioPlace place = PlaceOf(word, item[JsonKey::kName].GetText());
   ReportRate(range.duration, item, import, place);
   const bool isStartBad = !range.start.trouble.empty();
@@ -227,8 +229,7 @@ void TrackLayout::Advance(JsonValue item, std::string_view word, const OtioRange
   import.AddNote(place, item, std::move(sentence));
 }
 
-void TrackLayout::AdvanceTo(const TimeSum& duration) {
-  position.Add(duration);
+void TrackLayout::MoveToPosition() {
   start = end;
   end = position.ToTicks();
   if (IsVisible()) return;
@@ -245,8 +246,7 @@ bool TrackLayout::IsVisible() const {
   return end > window.lowest || (end == window.lowest && isEmpty);
 }
 
-void TrackLayout::Append(std::optional<ClipDraft> clip) {
-  if (!IsVisible()) return;
+void TrackLayout::Append(std::optional<ClipDraft>&& clip) {
   isAfterClip = clip.has_value();
   if (clip) {
     clip->headTransition = std::exchange(pendingTransition, std::nullopt);

@@ -80,6 +80,34 @@ Wide ScaleToUnits(Wide significand, std::int64_t exponent) {
   return std::min(significand, kLargestUnits);
 }
 
+constexpr std::array<std::int64_t, kUnitDigits + 1> kPowersOfTen = [] {
+  std::array<std::int64_t, kUnitDigits + 1> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+  return powers;
+}();
+
+/// A number of few enough digits that 64 bits hold them, without an exponent, as nearly all are; empty
+/// for any other text.
+std::optional<Decimal> ParseShortDecimal(std::string_view text) {
+  const bool isNegative = text.starts_with('-');
+  if (isNegative) text.remove_prefix(1);
+  std::int64_t significand = 0;
+  std::size_t point = text.size();
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (IsDigit(text[i])) {
+      significand = significand * 10 + (text[i] - '0');
+    } else if (text[i] == '.' && point == text.size()) {
+      point = i;
+    } else {
+      return std::nullopt;
+    }
+  }
+  const std::size_t decimals = point == text.size() ? 0 : text.size() - point - 1;
+  if (point + decimals == 0) return std::nullopt;
+  const Wide units = Wide{significand} * kPowersOfTen[kUnitDigits - decimals];
+  return Decimal{isNegative ? -units : units};
+}
+
 std::optional<Rate> MakeRate(Wide numerator, Wide denominator) {
   constexpr std::int64_t kLargestDenominator = 1'000'000'000;
   if (numerator <= 0 || denominator <= 0) return std::nullopt;
@@ -119,6 +147,20 @@ std::optional<Rate> RateOfDecimal(Decimal value) {
   return MakeRate((value.units + kNineDecimals / 2) / kNineDecimals, kNineDecimals);
 }
 
+/// A whole number, as most rates are; empty for any other text.
+std::optional<Rate> ParseWholeRate(std::string_view text) {
+  constexpr std::size_t kMostDigits = 9;
+  std::size_t length = 0;
+  std::int64_t frames = 0;
+  for (; length < text.size() && length < kMostDigits && IsDigit(text[length]); ++length) {
+    frames = frames * 10 + (text[length] - '0');
+  }
+  text.remove_prefix(length);
+  if (text.starts_with('.')) text.remove_prefix(std::min(text.find_first_not_of('0', 1), text.size()));
+  if (frames == 0 || !text.empty()) return std::nullopt;
+  return Rate{frames, 1};
+}
+
 /// Parts of a tick; fine enough that the sum of a few can't miss the nearest tick but at a tie.
 constexpr int kFractionBits = 24;
 constexpr Wide kLargestFineTicks = Wide{1} << 120;
@@ -152,6 +194,10 @@ qelmediatypes::TickTime Round(Wide fineTicks) {
 }  // namespace
 
 std::optional<Decimal> ParseDecimal(std::string_view text) {
+  constexpr std::size_t kShort = 15;
+  if (text.size() <= kShort) {
+    if (const auto number = ParseShortDecimal(text)) return number;
+  }
   const auto digits = SplitDigits(text);
   if (!digits) return std::nullopt;
   const Wide units = ScaleToUnits(digits->significand, digits->exponent);
@@ -163,6 +209,7 @@ qelmediatypes::FrameRate Rate::ToFrameRate() const noexcept {
 }
 
 std::optional<Rate> ParseRate(std::string_view text) {
+  if (const auto whole = ParseWholeRate(text)) return whole;
   const std::size_t slash = text.find('/');
   const auto first = ParseDecimal(text.substr(0, slash));
   if (!first) return std::nullopt;

@@ -45,18 +45,18 @@ std::string_view SkipBlanks(std::string_view text) {
   throw ImportError(1, kUnknownFormat);
 }
 
-ImportResult ReadText(TimelineText timeline, const std::filesystem::path& file,
+ImportResult ReadText(const TimelineText& timeline, const std::filesystem::path& file,
                       const ImportProgress& progress) {
   static const OtioReader otio;
   static const std::array<const TimelineReader*, 1> readers = {&otio};
-  // Enough for any format to show itself behind blanks and comments.
-  constexpr std::size_t kBeginning = 4096;
+  TextSource& text = *timeline.text;
   for (const TimelineReader* reader : readers) {
-    if (reader->Recognises(std::string_view(timeline.text).substr(0, kBeginning), file)) {
-      return reader->Read(std::move(timeline.text), timeline.source, progress);
+    if (reader->Recognises(timeline.beginning, file)) {
+      return reader->Read(text, timeline.source, progress);
     }
   }
-  ThrowForeign(timeline.text);
+  ThrowForeign(ReadToEnd(text.GetLength(), "The file",
+                         [&](char* place, std::size_t room) { return text.Read(place, room); }));
 }
 
 }  // namespace
@@ -65,6 +65,12 @@ ImportError::ImportError(std::size_t line, std::string sentence)
     : std::runtime_error(std::move(sentence)), line(line) {}
 
 TimelineReader::~TimelineReader() = default;
+
+ImportResult TimelineReader::Read(std::string text, const TimelineSource& source,
+                                  const ImportProgress& progress) const {
+  TextInMemory inMemory(std::move(text));
+  return Read(inMemory, source, progress);
+}
 
 ImportResult ReadTimelineFile(const std::filesystem::path& file, const ImportProgress& progress) {
   return ReadTimelineFile(file, ImportOptions(), progress);
@@ -76,7 +82,7 @@ ImportResult ReadTimelineFile(const std::filesystem::path& file, const ImportOpt
   timeline.source.mediaRoots = options.mediaRoots;
   const std::string bundledFile = timeline.bundledFile;
   try {
-    return ReadText(std::move(timeline), file, progress);
+    return ReadText(timeline, file, progress);
   } catch (const ImportError& error) {
     // A line is one of the file within, not of the bundle that was given.
     if (bundledFile.empty() || error.GetLine() == 0) throw;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "standalone/import/MediaRoots.h"
+#include "standalone/import/TextSource.h"
 #include "standalone/import/TimelineSource.h"
 #include "standalone/model/SequenceDraft.h"
 #include "standalone/runtime/StandaloneAPI.h"
@@ -74,10 +75,12 @@ class STANDALONE_API TimelineReader {
   /// Whether a file that starts with `beginning` is of this format. The name decides only where the
   /// content can't.
   virtual bool Recognises(std::string_view beginning, const std::filesystem::path& file) const = 0;
-  /// Reads the timeline's whole text, `buffer`, which it may overwrite; `source` gives the name of an
-  /// unnamed timeline and the folder for relative media addresses. Throws ImportError.
-  virtual ImportResult Read(std::string buffer, const TimelineSource& source,
+  /// Reads the timeline's whole text; `source` gives the name of an unnamed timeline and the folder for
+  /// relative media addresses. Throws ImportError.
+  virtual ImportResult Read(TextSource& text, const TimelineSource& source,
                             const ImportProgress& progress) const = 0;
+  ImportResult Read(std::string text, const TimelineSource& source,
+                    const ImportProgress& progress) const;
 
  protected:
   TimelineReader() = default;

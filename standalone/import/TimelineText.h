@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
+#include "standalone/import/TextSource.h"
 #include "standalone/import/TimelineReader.h"
 #include "standalone/import/TimelineSource.h"
 
@@ -10,7 +12,9 @@ namespace standalone {
 
 /// A timeline as it lies in a file or in a bundle.
 struct TimelineText {
-  std::string text;
+  std::unique_ptr<TextSource> text;
+  /// Enough of it for any format to show itself behind blanks and comments.
+  std::string beginning;
   TimelineSource source;
   /// Name of the file inside the bundle; empty: no bundle.
   std::string bundledFile = {};

@@ -26,6 +26,10 @@ std::uint64_t PackFlags(const MediaDraft& draft) {
   return packed;
 }
 
+std::uint64_t KeyOf(const qelcore::UTF8String& text) {
+  return reinterpret_cast<std::uintptr_t>(text.View().data());
+}
+
 /// The numbers of a media in one: its flags, whether it has a picture, its four-character code.
 std::uint64_t PackNumbers(const MediaDraft& draft, bool hasPicture) {
   return (PackFlags(draft) << 1U | (hasPicture ? 1U : 0U)) << 32U | draft.fourCC;
@@ -41,27 +45,26 @@ std::uint64_t PackMasterClipFlags(const MediaDraft& draft) {
 ClipBuilder::ClipBuilder(SequenceContent& content, TextPool& texts) : content(content), texts(texts) {}
 
 template <std::size_t kSize>
-std::size_t ClipBuilder::KeyHash<kSize>::operator()(const Key<kSize>& key) const noexcept {
+std::uint64_t ClipBuilder::HashKey(const Key<kSize>& key) noexcept {
   std::uint64_t hash = 14695981039346656037ULL;
   for (const std::uint64_t part : key) {
     hash = (hash ^ part) * 1099511628211ULL;
     hash ^= hash >> 32U;
   }
-  return static_cast<std::size_t>(hash);
-}
-
-std::uint64_t ClipBuilder::KeyOf(const std::string& text) {
-  return reinterpret_cast<std::uintptr_t>(texts.Share(text).View().data());
+  return hash;
 }
 
 ClipNode& ClipBuilder::Build(const ClipDraft& draft, bool hasPicture, TransitionNode* head,
                              TransitionNode* tail) {
+  const MediaTexts mediaTexts = ShareTexts(draft.media);
+  const SharedMedia& clipMedia = ShareMedia(draft.media, mediaTexts, hasPicture);
+  if (clipMedia.usageCount != nullptr) ++*clipMedia.usageCount;
   ClipNode::Values values;
   values.name = texts.Share(draft.name);
   values.videoInfo = texts.Share(draft.videoInfo);
   values.frameDuration = draft.frameDuration;
-  values.media = &ShareMedia(draft.media, hasPicture);
-  values.masterClip = &ShareMasterClip(draft, *values.media);
+  values.media = clipMedia.node;
+  values.masterClip = &ShareMasterClip(draft, mediaTexts, *clipMedia.node);
   values.headTransition = head;
   values.tailTransition = tail;
   values.cameras = BuildCameras(draft.multicam);
@@ -73,53 +76,69 @@ ClipNode& ClipBuilder::Build(const ClipDraft& draft, bool hasPicture, Transition
   values.isDisabled = draft.isDisabled;
   values.isSpeedChanged = draft.hasSpeedChange;
   values.isSequence = draft.nestedSequence.has_value();
-  if (!draft.media.address.empty()) ++content.usageCounts[texts.Share(draft.media.address).View()];
   return content.clips.Add(content, std::move(values));
 }
 
-MediaNode& ClipBuilder::ShareMedia(const MediaDraft& draft, bool hasPicture) {
-  const Key<4> key{KeyOf(draft.address), KeyOf(draft.offlineReason), KeyOf(draft.codec),
-                   PackNumbers(draft, hasPicture)};
-  MediaNode*& node = media[key];
-  if (node == nullptr) node = &BuildMedia(draft, hasPicture);
-  return *node;
+ClipBuilder::MediaTexts ClipBuilder::ShareTexts(const MediaDraft& draft) {
+  return {texts.Share(draft.address), texts.Share(draft.offlineReason), texts.Share(draft.codec)};
 }
 
-MediaNode& ClipBuilder::BuildMedia(const MediaDraft& draft, bool hasPicture) {
+ClipBuilder::SharedMedia& ClipBuilder::ShareMedia(const MediaDraft& draft, const MediaTexts& mediaTexts,
+                                                  bool hasPicture) {
+  const Key<4> key{KeyOf(mediaTexts.address), KeyOf(mediaTexts.offlineReason), KeyOf(mediaTexts.codec),
+                   PackNumbers(draft, hasPicture)};
+  const std::uint64_t hash = HashKey(key);
+  SharedMedia** const known =
+      mediaTable.Find(hash, [&key](const SharedMedia* shared) { return shared->key == key; });
+  if (known != nullptr) return **known;
+  std::uint64_t* const usageCount =
+      mediaTexts.address.Empty() ? nullptr : &content.usageCounts[mediaTexts.address.View()];
+  SharedMedia& shared =
+      media.Add(SharedMedia{key, &BuildMedia(draft, mediaTexts, hasPicture), usageCount});
+  shared.node->usageCount = usageCount;
+  mediaTable.Add(hash, &shared);
+  return shared;
+}
+
+MediaNode& ClipBuilder::BuildMedia(const MediaDraft& draft, const MediaTexts& mediaTexts,
+                                   bool hasPicture) {
   VideoSourceNode* source = nullptr;
   if (hasPicture || !draft.codec.empty() || draft.fourCC != 0) {
-    source = &content.videoSources.Add(content, texts.Share(draft.codec), draft.fourCC);
+    source = &content.videoSources.Add(content, mediaTexts.codec, draft.fourCC);
   }
   OfflineReasonNode* reason = nullptr;
-  if (draft.isOffline) reason = &content.offlineReasons.Add(content, texts.Share(draft.offlineReason));
-  return content.media.Add(content, texts.Share(draft.address), FlagsOf(draft), source, reason);
+  if (draft.isOffline) reason = &content.offlineReasons.Add(content, mediaTexts.offlineReason);
+  return content.media.Add(content, mediaTexts.address, FlagsOf(draft), source, reason);
 }
 
-MasterClipNode& ClipBuilder::ShareMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
-  Key<9> key{
-      KeyOf(draft.media.address),      KeyOf(draft.sourceClipName), KeyOf(draft.comment),
-      KeyOf(draft.description),        KeyOf(draft.tapeName),       KeyOf(draft.media.offlineReason),
-      PackMasterClipFlags(draft.media)};
-  if (draft.proxy) {
-    // A proxy is a fact even when nobody knows where it lies.
-    constexpr std::uint64_t kHasProxy = std::uint64_t{1} << 63U;
-    key[7] = KeyOf(draft.proxy->address);
-    key[8] = PackFlags(*draft.proxy) | kHasProxy;
-  }
-  MasterClipNode*& node = masterClips[key];
-  if (node == nullptr) node = &BuildMasterClip(draft, clipMedia);
-  return *node;
-}
-
-MasterClipNode& ClipBuilder::BuildMasterClip(const ClipDraft& draft, MediaNode& clipMedia) {
-  MasterClipNode::Source source;
-  source.media = &clipMedia;
-  if (draft.proxy) source.proxy = &ShareMedia(*draft.proxy, false);
-  source.isStill = draft.media.isStill;
+MasterClipNode& ClipBuilder::ShareMasterClip(const ClipDraft& draft, const MediaTexts& mediaTexts,
+                                             MediaNode& clipMedia) {
+  const qelcore::UTF8String name = texts.Share(draft.sourceClipName);
   ProjectItemNode::Texts itemTexts{texts.Share(draft.comment), texts.Share(draft.description),
                                    texts.Share(draft.tapeName)};
-  return content.masterClips.Add(content, texts.Share(draft.sourceClipName), source,
-                                 std::move(itemTexts));
+  MediaTexts proxyTexts;
+  Key<9> key{KeyOf(mediaTexts.address),       KeyOf(name),
+             KeyOf(itemTexts.comment),        KeyOf(itemTexts.description),
+             KeyOf(itemTexts.tapeName),       KeyOf(mediaTexts.offlineReason),
+             PackMasterClipFlags(draft.media)};
+  if (draft.proxy) {
+    proxyTexts = ShareTexts(*draft.proxy);
+    // A proxy is a fact even when nobody knows where it lies.
+    constexpr std::uint64_t kHasProxy = std::uint64_t{1} << 63U;
+    key[7] = KeyOf(proxyTexts.address);
+    key[8] = PackFlags(*draft.proxy) | kHasProxy;
+  }
+  const std::uint64_t hash = HashKey(key);
+  SharedMasterClip** const known =
+      masterClipTable.Find(hash, [&key](const SharedMasterClip* shared) { return shared->key == key; });
+  if (known != nullptr) return *(*known)->node;
+  MasterClipNode::Source source;
+  source.media = &clipMedia;
+  if (draft.proxy) source.proxy = ShareMedia(*draft.proxy, proxyTexts, false).node;
+  source.isStill = draft.media.isStill;
+  MasterClipNode& node = content.masterClips.Add(content, name, source, std::move(itemTexts));
+  masterClipTable.Add(hash, &masterClips.Add(SharedMasterClip{key, &node}));
+  return node;
 }
 
 void ClipBuilder::BuildComponents(const ClipDraft& draft) {

@@ -17,16 +17,16 @@ void* ClipNode::QueryInterface(qelcore::InterfaceID id) noexcept {
   return nullptr;
 }
 
-qelcore::Ref<BE::IMedia> ClipNode::GetMedia() const {
-  return qelcore::Ref<BE::IMedia>(values.media);
+qelcore::Borrowed<BE::IMedia> ClipNode::GetMedia() const {
+  return qelcore::Borrowed<BE::IMedia>(values.media);
 }
 
-qelcore::Ref<BE::IMasterClip> ClipNode::GetMasterClip() const {
-  return qelcore::Ref<BE::IMasterClip>(values.masterClip);
+qelcore::Borrowed<BE::IMasterClip> ClipNode::GetMasterClip() const {
+  return qelcore::Borrowed<BE::IMasterClip>(values.masterClip);
 }
 
-qelcore::Ref<BE::IComponent> ClipNode::GetComponent(std::size_t index) const {
-  return qelcore::Ref<BE::IComponent>(&GetContent().components[values.firstComponent + index]);
+qelcore::Borrowed<BE::IComponent> ClipNode::GetComponent(std::size_t index) const {
+  return qelcore::Borrowed<BE::IComponent>(&GetContent().components[values.firstComponent + index]);
 }
 
 qelcore::Ref<BE::IProject> ClipNode::GetContainingProxyProject() const {
@@ -34,12 +34,7 @@ qelcore::Ref<BE::IProject> ClipNode::GetContainingProxyProject() const {
   return GetContent().project->FindOpenProject();
 }
 
-qelcore::Ref<ClipNode> FindClipNode(const qelcore::Ref<BE::ITrackItem>& trackItem) {
-  if (!trackItem) return {};
-  return qelcore::QueryInterface<ClipNode>(trackItem->GetClip());
-}
-
-ClipNode* FindClipNode(const qelcore::Ref<BE::IClip>& clip) noexcept {
+ClipNode* FindClipNode(qelcore::Borrowed<BE::IClip> clip) noexcept {
   return qelcore::FindInterface<ClipNode>(clip.Get());
 }
 

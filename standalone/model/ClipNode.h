@@ -53,12 +53,12 @@ class ClipNode final : public ContentNode<BE::IClip, BE::IChildClip, BE::ICompon
   bool IsDisabled() const override { return values.isDisabled; }
   bool IsMulticam() const override { return values.cameras != nullptr; }
   qelmediatypes::TickTime GetFrameDuration() const override { return values.frameDuration; }
-  qelcore::Ref<BE::IMedia> GetMedia() const override;
+  qelcore::Borrowed<BE::IMedia> GetMedia() const override;
   bool IsSpeedChanged() const override { return values.isSpeedChanged; }
   bool IsSequence() const override { return values.isSequence; }
-  qelcore::Ref<BE::IMasterClip> GetMasterClip() const override;
+  qelcore::Borrowed<BE::IMasterClip> GetMasterClip() const override;
   std::size_t GetComponentCount() const override { return values.componentCount; }
-  qelcore::Ref<BE::IComponent> GetComponent(std::size_t index) const override;
+  qelcore::Borrowed<BE::IComponent> GetComponent(std::size_t index) const override;
 
   const Values& GetValues() const noexcept { return values; }
 
@@ -69,11 +69,8 @@ class ClipNode final : public ContentNode<BE::IClip, BE::IChildClip, BE::ICompon
   Values values;
 };
 
-/// The clip that a track item plays, as far as this host made it; owned. Empty for gaps, and for
-/// objects that answer the public interfaces only.
-qelcore::Ref<ClipNode> FindClipNode(const qelcore::Ref<BE::ITrackItem>& trackItem);
-
-/// Borrowed; null as above.
-ClipNode* FindClipNode(const qelcore::Ref<BE::IClip>& clip) noexcept;
+/// The node of a clip, as far as this host made it, borrowed; null for objects that answer the public
+/// interfaces only.
+ClipNode* FindClipNode(qelcore::Borrowed<BE::IClip> clip) noexcept;
 
 }  // namespace standalone

@@ -1,21 +1,22 @@
 #include "host/MZ/Clips.h"
 
-#include "standalone/model/ClipNode.h"
+#include "standalone/model/PlayedClip.h"
 #include "standalone/model/SequenceNode.h"
 
 namespace MZ {
 
+using qelcore::Borrowed;
 using qelcore::Ref;
 
 namespace FindClip {
 
 qelcore::UTF8String GetClipName(const Ref<BE::ITrackItem>& trackItem) {
-  const Ref<BE::IClip> clip = trackItem ? trackItem->GetClip() : Ref<BE::IClip>();
+  const auto clip = trackItem ? trackItem->GetClip() : Borrowed<BE::IClip>();
   return clip ? clip->GetName() : qelcore::UTF8String();
 }
 
 qelcore::UTF8String GetVideoInfo(const Ref<BE::ITrackItem>& trackItem) {
-  const auto clip = standalone::FindClipNode(trackItem);
+  const standalone::PlayedClip clip(trackItem);
   return clip ? clip->GetValues().videoInfo : qelcore::UTF8String();
 }
 
@@ -24,21 +25,36 @@ qelcore::UTF8String GetVideoInfo(const Ref<BE::ITrackItem>& trackItem) {
 namespace Graphics {
 
 bool IsGraphicsTrackItem(const Ref<BE::ITrackItem>& trackItem) {
-  const auto clip = standalone::FindClipNode(trackItem);
+  const standalone::PlayedClip clip(trackItem);
   return clip && clip->GetValues().isGraphic;
 }
 
 }  // namespace Graphics
 
 namespace Project {
+namespace {
+
+/// The media as a node of this content, which has its count at hand, or null. An object that stands
+/// before a node may answer for it, and is none.
+const standalone::MediaNode* FindNode(Borrowed<BE::IMedia> media,
+                                      const standalone::SequenceContent& content) {
+  const auto* const node = qelcore::FindInterface<standalone::MediaNode>(media.Get());
+  const bool isItself = static_cast<const BE::IMedia*>(node) == media.Get();
+  return node != nullptr && isItself && node->BelongsTo(content) ? node : nullptr;
+}
+
+}  // namespace
 
 std::uint64_t GetMasterClipUsageCount(const Ref<BE::IProject>& project,
-                                      const Ref<BE::IMasterClip>& masterClip,
+                                      Borrowed<BE::IMasterClip> masterClip,
                                       const Ref<BE::ISequence>& sequence) {
   if (!project || !masterClip) return 0;
   const auto content = standalone::FindContent(sequence);
   if (!content) return 0;
-  const Ref<BE::IMedia> media = masterClip->GetMedia();
+  const Borrowed<BE::IMedia> media = masterClip->GetMedia();
+  if (const auto* const node = FindNode(media, *content)) {
+    return node->usageCount == nullptr ? 1 : *node->usageCount;
+  }
   const qelcore::UTF8String address = media ? media->GetAddress() : qelcore::UTF8String();
   if (address.Empty()) return 1;
   const auto found = content->usageCounts.find(address.View());

@@ -32,9 +32,9 @@ std::u16string ComponentNode::GetDisplayName() const {
   return UTF8To16(displayName);
 }
 
-qelcore::Ref<BE::IComponentParam> ComponentNode::GetParam(std::uint32_t index) const {
+qelcore::Borrowed<BE::IComponentParam> ComponentNode::GetParam(std::uint32_t index) const {
   if (index != ML::kTextFilter_DocumentParamIndex) return {};
-  return qelcore::Ref<BE::IComponentParam>(document);
+  return qelcore::Borrowed<BE::IComponentParam>(document);
 }
 
 }  // namespace standalone

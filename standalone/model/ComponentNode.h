@@ -33,7 +33,7 @@ class ComponentNode final : public ContentNode<BE::IComponent> {
   qelcore::UTF8String GetMatchName() const override { return matchName; }
   bool IsIntrinsic() const override { return isIntrinsic; }
   bool IsMissing() const override { return isMissing; }
-  qelcore::Ref<BE::IComponentParam> GetParam(std::uint32_t index) const override;
+  qelcore::Borrowed<BE::IComponentParam> GetParam(std::uint32_t index) const override;
 
  private:
   qelcore::UTF8String displayName;

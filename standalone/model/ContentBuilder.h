@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <unordered_map>
-#include <vector>
 
+#include "standalone/model/FlatTable.h"
+#include "standalone/model/NodeStore.h"
 #include "standalone/model/SequenceContent.h"
 #include "standalone/model/SequenceDraft.h"
 #include "standalone/model/TextPool.h"
@@ -27,25 +27,39 @@ class ClipBuilder {
   template <std::size_t kSize>
   using Key = std::array<std::uint64_t, kSize>;
   template <std::size_t kSize>
-  struct KeyHash {
-    std::size_t operator()(const Key<kSize>& key) const noexcept;
-  };
-  template <std::size_t kSize, typename Node>
-  using NodeMap = std::unordered_map<Key<kSize>, Node*, KeyHash<kSize>>;
+  static std::uint64_t HashKey(const Key<kSize>& key) noexcept;
 
-  std::uint64_t KeyOf(const std::string& text);
-  MediaNode& ShareMedia(const MediaDraft& draft, bool hasPicture);
-  MediaNode& BuildMedia(const MediaDraft& draft, bool hasPicture);
-  MasterClipNode& ShareMasterClip(const ClipDraft& draft, MediaNode& media);
-  MasterClipNode& BuildMasterClip(const ClipDraft& draft, MediaNode& clipMedia);
+  struct MediaTexts {
+    qelcore::UTF8String address;
+    qelcore::UTF8String offlineReason;
+    qelcore::UTF8String codec;
+  };
+  struct SharedMedia {
+    Key<4> key;
+    MediaNode* node;
+    /// How many clips play the address; null: there is none.
+    std::uint64_t* usageCount;
+  };
+  struct SharedMasterClip {
+    Key<9> key;
+    MasterClipNode* node;
+  };
+
+  MediaTexts ShareTexts(const MediaDraft& draft);
+  SharedMedia& ShareMedia(const MediaDraft& draft, const MediaTexts& mediaTexts, bool hasPicture);
+  MediaNode& BuildMedia(const MediaDraft& draft, const MediaTexts& mediaTexts, bool hasPicture);
+  MasterClipNode& ShareMasterClip(const ClipDraft& draft, const MediaTexts& mediaTexts,
+                                  MediaNode& clipMedia);
   void BuildComponents(const ClipDraft& draft);
   ComponentParamNode* BuildDocument(const ComponentDraft& draft);
   const MulticamCameras* BuildCameras(const MulticamDraft& draft);
 
   SequenceContent& content;
   TextPool& texts;
-  NodeMap<4, MediaNode> media;
-  NodeMap<9, MasterClipNode> masterClips;
+  NodeStore<SharedMedia> media;
+  FlatTable<SharedMedia*> mediaTable;
+  NodeStore<SharedMasterClip> masterClips;
+  FlatTable<SharedMasterClip*> masterClipTable;
 };
 
 /// Makes the items of tracks.

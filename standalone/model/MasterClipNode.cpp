@@ -33,16 +33,16 @@ void* MasterClipNode::QueryInterface(qelcore::InterfaceID id) noexcept {
   return nullptr;
 }
 
-qelcore::Ref<BE::IMedia> MasterClipNode::GetMedia() const {
-  return qelcore::Ref<BE::IMedia>(source.media);
+qelcore::Borrowed<BE::IMedia> MasterClipNode::GetMedia() const {
+  return qelcore::Borrowed<BE::IMedia>(source.media);
 }
 
-qelcore::Ref<BE::IMedia> MasterClipNode::GetProxyMedia() const {
-  return qelcore::Ref<BE::IMedia>(source.proxy);
+qelcore::Borrowed<BE::IMedia> MasterClipNode::GetProxyMedia() const {
+  return qelcore::Borrowed<BE::IMedia>(source.proxy);
 }
 
-qelcore::Ref<BE::IProjectItem> MasterClipNode::GetProjectItem() {
-  return qelcore::Ref<BE::IProjectItem>(&projectItem);
+qelcore::Borrowed<BE::IProjectItem> MasterClipNode::GetProjectItem() {
+  return qelcore::Borrowed<BE::IProjectItem>(&projectItem);
 }
 
 }  // namespace standalone

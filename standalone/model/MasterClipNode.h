@@ -45,10 +45,10 @@ class MasterClipNode final : public ContentNode<BE::IMasterClip> {
 
   void* QueryInterface(qelcore::InterfaceID id) noexcept override;
   qelcore::UTF8String GetName() const override { return name; }
-  qelcore::Ref<BE::IMedia> GetMedia() const override;
+  qelcore::Borrowed<BE::IMedia> GetMedia() const override;
 
-  qelcore::Ref<BE::IMedia> GetProxyMedia() const;
-  qelcore::Ref<BE::IProjectItem> GetProjectItem();
+  qelcore::Borrowed<BE::IMedia> GetProxyMedia() const;
+  qelcore::Borrowed<BE::IProjectItem> GetProjectItem();
   bool IsStill() const noexcept { return source.isStill; }
 
  private:

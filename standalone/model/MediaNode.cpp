@@ -29,12 +29,12 @@ void* MediaNode::QueryInterface(qelcore::InterfaceID id) noexcept {
   return nullptr;
 }
 
-qelcore::Ref<BE::IOfflineReason> MediaNode::GetOfflineReason() const {
-  return qelcore::Ref<BE::IOfflineReason>(reason);
+qelcore::Borrowed<BE::IOfflineReason> MediaNode::GetOfflineReason() const {
+  return qelcore::Borrowed<BE::IOfflineReason>(reason);
 }
 
-qelcore::Ref<BE::IVideoSource> MediaNode::GetVideoSource() const {
-  return qelcore::Ref<BE::IVideoSource>(source);
+qelcore::Borrowed<BE::IVideoSource> MediaNode::GetVideoSource() const {
+  return qelcore::Borrowed<BE::IVideoSource>(source);
 }
 
 }  // namespace standalone

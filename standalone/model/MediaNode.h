@@ -53,13 +53,18 @@ class MediaNode final : public ContentNode<BE::IMedia> {
   void* QueryInterface(qelcore::InterfaceID id) noexcept override;
   qelcore::UTF8String GetAddress() const override { return address; }
   bool IsOffline() const override { return flags.isOffline; }
-  qelcore::Ref<BE::IOfflineReason> GetOfflineReason() const override;
+  qelcore::Borrowed<BE::IOfflineReason> GetOfflineReason() const override;
   bool IsPendingConnection() const override { return flags.isPendingConnection; }
   bool IsGrowing() const override { return flags.isGrowing; }
   bool IsPendingRelink() const override { return flags.isPendingRelink; }
-  qelcore::Ref<BE::IVideoSource> GetVideoSource() const override;
+  qelcore::Borrowed<BE::IVideoSource> GetVideoSource() const override;
 
   bool IsSynthetic() const noexcept { return flags.isSynthetic; }
+  bool BelongsTo(const SequenceContent& other) const noexcept { return &GetContent() == &other; }
+
+  /// How many clip items of the content play media of the address; null without an address. Set once,
+  /// while the content is built.
+  const std::uint64_t* usageCount = nullptr;
 
  private:
   MediaFlags flags;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <unordered_map>
 #include <utility>
 
 #include "host/BE/Messages.h"
@@ -174,12 +175,19 @@ std::vector<Ref<BE::ISequence>> ProjectModel::ReplaceDocument(
   State::Document next;
   std::vector<std::pair<Ref<SequenceNode>, Ref<SequenceContent>>> changes;
   auto place = state->documents.end();
+  // The timelines of the documents concerned, found once, so that each further one takes no search.
+  std::unordered_map<const SequenceNode*, decltype(place)> homes;
   for (std::size_t i = 0; i < contents.size(); ++i) {
     if (i >= document.CountTimelines()) {
       next.nested.emplace_back(new SequenceNode(std::move(contents[i])));
     } else if (replaced.at(i)) {
-      next.timelines.push_back(state->Find(*replaced[i]));
-      place = state->FindDocument(next.timelines.back());
+      const auto node = qelcore::QueryInterface<SequenceNode>(*replaced[i]);
+      if (!homes.contains(node.Get())) {
+        const auto home = state->FindDocument(state->Find(*replaced[i]));
+        for (const Ref<SequenceNode>& timeline : home->timelines) homes.emplace(timeline.Get(), home);
+      }
+      place = homes.at(node.Get());
+      next.timelines.push_back(node);
       changes.emplace_back(next.timelines.back(), std::move(contents[i]));
     } else {
       next.timelines.emplace_back(new SequenceNode(std::move(contents[i])));
@@ -190,8 +198,9 @@ std::vector<Ref<BE::ISequence>> ProjectModel::ReplaceDocument(
     state->documents.push_back(std::move(next));
   } else {
     // Those that the document no longer has stay until they are removed.
+    for (const Ref<SequenceNode>& timeline : next.timelines) homes.erase(timeline.Get());
     for (const Ref<SequenceNode>& old : place->timelines) {
-      if (std::ranges::find(next.timelines, old) == next.timelines.end()) next.timelines.push_back(old);
+      if (homes.contains(old.Get())) next.timelines.push_back(old);
     }
     std::swap(place->timelines, next.timelines);
     std::swap(place->nested, next.nested);

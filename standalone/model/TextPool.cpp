@@ -1,12 +1,16 @@
 #include "standalone/model/TextPool.h"
 
+#include <functional>
+
 namespace standalone {
 
 qelcore::UTF8String TextPool::Share(std::string_view text) {
   if (text.empty()) return {};
-  if (const auto found = texts.find(text); found != texts.end()) return found->second;
+  const std::uint64_t hash = std::hash<std::string_view>()(text);
+  const auto isSame = [text](const qelcore::UTF8String& known) { return known.View() == text; };
+  if (const qelcore::UTF8String* const known = texts.Find(hash, isSame)) return *known;
   qelcore::UTF8String shared(text);
-  texts.emplace(shared.View(), shared);
+  texts.Add(hash, shared);
   return shared;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <string_view>
-#include <unordered_map>
 
 #include "host/qelcore/UTF8String.h"
+#include "standalone/model/FlatTable.h"
 
 namespace standalone {
 
@@ -16,7 +16,7 @@ class TextPool {
   qelcore::UTF8String Share(std::string_view text);
 
  private:
-  std::unordered_map<std::string_view, qelcore::UTF8String> texts;
+  FlatTable<qelcore::UTF8String> texts;
 };
 
 }  // namespace standalone

@@ -2,39 +2,44 @@
 
 #include <algorithm>
 
-#include "standalone/model/ClipNode.h"
+#include "standalone/model/PlayedClip.h"
 
 namespace MZ {
 namespace {
 
 /// The cameras of a track item, valid as long as the item; null when it is not multicam.
 const standalone::MulticamCameras* FindCameras(const qelcore::Ref<BE::ITrackItem>& item) {
-  const auto clip = standalone::FindClipNode(item);
+  const standalone::PlayedClip clip(item);
   return clip ? clip->GetValues().cameras : nullptr;
-}
-
-const standalone::MulticamCameras* FindFirstCameras(
-    const std::vector<qelcore::Ref<BE::ITrackItem>>& items) {
-  return items.empty() ? nullptr : FindCameras(items.front());
 }
 
 }  // namespace
 
-TrackItemSelection::TrackItemSelection(std::vector<qelcore::Ref<BE::ITrackItem>> items)
-    : items(std::move(items)) {}
+TrackItemSelection::TrackItemSelection(std::vector<qelcore::Ref<BE::ITrackItem>> items) {
+  if (items.empty()) return;
+  first = items.front();
+  items.erase(items.begin());
+  others = std::move(items);
+}
+
+TrackItemSelection TrackItemSelection::OfItem(const qelcore::Ref<BE::ITrackItem>& item) {
+  TrackItemSelection selection(std::vector<qelcore::Ref<BE::ITrackItem>>{});
+  selection.first = item;
+  return selection;
+}
 
 bool TrackItemSelection::AreItemsMulticam() const {
-  return !items.empty() && std::all_of(items.begin(), items.end(),
-                                       [](const auto& item) { return FindCameras(item) != nullptr; });
+  return FindCameras(first) != nullptr &&
+         std::ranges::all_of(others, [](const auto& item) { return FindCameras(item) != nullptr; });
 }
 
 std::vector<qelcore::UTF8String> TrackItemSelection::GetMulticamCameraNames() const {
-  const auto* const cameras = FindFirstCameras(items);
+  const auto* const cameras = FindCameras(first);
   return cameras == nullptr ? std::vector<qelcore::UTF8String>() : cameras->names;
 }
 
 std::size_t TrackItemSelection::GetMulticamItemsSelectedTrackIndex() const {
-  const auto* const cameras = FindFirstCameras(items);
+  const auto* const cameras = FindCameras(first);
   return cameras == nullptr ? 0 : cameras->selected;
 }
 

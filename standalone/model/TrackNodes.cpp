@@ -24,15 +24,17 @@ TrackItemNode::TrackItemNode(TrackNode& track, std::uint32_t type, qelmediatypes
     : track(&track), clip(clip), start(start), end(end), type(type) {}
 
 void* TrackItemNode::QueryInterface(qelcore::InterfaceID id) noexcept {
-  return id == BE::ITrackItem::kInterfaceID ? static_cast<BE::ITrackItem*>(this) : nullptr;
+  if (id == BE::ITrackItem::kInterfaceID) return static_cast<BE::ITrackItem*>(this);
+  if (id == kInterfaceID) return this;
+  return nullptr;
 }
 
-qelcore::Ref<BE::IClip> TrackItemNode::GetClip() const {
-  return qelcore::Ref<BE::IClip>(clip);
+qelcore::Borrowed<BE::IClip> TrackItemNode::GetClip() const {
+  return qelcore::Borrowed<BE::IClip>(clip);
 }
 
-qelcore::Ref<qelcore::IUnknown> TrackItemNode::GetTrack() const {
-  return qelcore::Ref<qelcore::IUnknown>(track);
+qelcore::Borrowed<qelcore::IUnknown> TrackItemNode::GetTrack() const {
+  return qelcore::Borrowed<qelcore::IUnknown>(track);
 }
 
 }  // namespace standalone

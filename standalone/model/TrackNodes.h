@@ -59,6 +59,8 @@ class TrackGroupNode final : public ContentNode<BE::ITrackGroup> {
 /// of the track, the content too.
 class TrackItemNode final : public BE::ITrackItem {
  public:
+  static constexpr auto kInterfaceID = qelcore::MakeInterfaceID("standalone::TrackItemNode");
+
   /// `type` is one of BE::kTrackItemType_…; `clip` is null unless it is a clip's.
   TrackItemNode(TrackNode& track, std::uint32_t type, qelmediatypes::TickTime start,
                 qelmediatypes::TickTime end, ClipNode* clip) noexcept;
@@ -74,8 +76,11 @@ class TrackItemNode final : public BE::ITrackItem {
   std::uint64_t GetTrackIndex() const override { return track->GetIndex(); }
   qelmediatypes::TickTime GetStart() const override { return start; }
   qelmediatypes::TickTime GetEnd() const override { return end; }
-  qelcore::Ref<BE::IClip> GetClip() const override;
-  qelcore::Ref<qelcore::IUnknown> GetTrack() const override;
+  qelcore::Borrowed<BE::IClip> GetClip() const override;
+  qelcore::Borrowed<qelcore::IUnknown> GetTrack() const override;
+
+  /// Null unless it is a clip's item.
+  ClipNode* GetClipNode() const noexcept { return clip; }
 
  private:
   TrackNode* track;

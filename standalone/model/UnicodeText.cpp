@@ -1,5 +1,6 @@
 #include "standalone/model/UnicodeText.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -67,9 +68,12 @@ void Append(std::u16string& text, char32_t character) {
 }  // namespace
 
 std::u16string UTF8To16(std::string_view text) {
-  std::u16string result;
+  // Most texts are ASCII from one end to the other.
+  const auto isASCII = [](char byte) { return static_cast<std::uint8_t>(byte) < 0x80; };
+  const auto other = std::ranges::find_if_not(text, isASCII);
+  std::u16string result(text.begin(), other);
   result.reserve(text.size());
-  std::size_t position = 0;
+  auto position = static_cast<std::size_t>(other - text.begin());
   while (position < text.size()) {
     const auto byte = static_cast<std::uint8_t>(text[position]);
     if (byte < 0x80) {

@@ -3,61 +3,63 @@
 #include "standalone/model/ClipNode.h"
 #include "standalone/model/MasterClipNode.h"
 #include "standalone/model/MediaNode.h"
+#include "standalone/model/PlayedClip.h"
 #include "standalone/model/SequenceNode.h"
 
 namespace BE {
 
+using qelcore::Borrowed;
 using qelcore::Ref;
 
 namespace TrackItemUtils {
 
-Ref<IClip> GetClip(const Ref<ITrackItem>& trackItem) {
-  return trackItem ? trackItem->GetClip() : Ref<IClip>();
+Borrowed<IClip> GetClip(const Ref<ITrackItem>& trackItem) {
+  return trackItem ? trackItem->GetClip() : Borrowed<IClip>();
 }
 
-Ref<IChildClip> GetChildClip(const Ref<ITrackItem>& trackItem) {
+Borrowed<IChildClip> GetChildClip(const Ref<ITrackItem>& trackItem) {
   return qelcore::QueryInterface<IChildClip>(GetClip(trackItem));
 }
 
-Ref<IMasterClip> GetMasterClip(const Ref<ITrackItem>& trackItem) {
-  const auto clip = standalone::FindClipNode(trackItem);
-  return clip ? Ref<IMasterClip>(clip->GetValues().masterClip) : Ref<IMasterClip>();
+Borrowed<IMasterClip> GetMasterClip(const Ref<ITrackItem>& trackItem) {
+  const standalone::PlayedClip clip(trackItem);
+  return clip ? Borrowed<IMasterClip>(clip->GetValues().masterClip) : Borrowed<IMasterClip>();
 }
 
-Ref<ITransition> GetHeadTransition(const Ref<ITrackItem>& trackItem) {
-  const auto clip = standalone::FindClipNode(trackItem);
-  return clip ? Ref<ITransition>(clip->GetValues().headTransition) : Ref<ITransition>();
+Borrowed<ITransition> GetHeadTransition(const Ref<ITrackItem>& trackItem) {
+  const standalone::PlayedClip clip(trackItem);
+  return clip ? Borrowed<ITransition>(clip->GetValues().headTransition) : Borrowed<ITransition>();
 }
 
-Ref<ITransition> GetTailTransition(const Ref<ITrackItem>& trackItem) {
-  const auto clip = standalone::FindClipNode(trackItem);
-  return clip ? Ref<ITransition>(clip->GetValues().tailTransition) : Ref<ITransition>();
+Borrowed<ITransition> GetTailTransition(const Ref<ITrackItem>& trackItem) {
+  const standalone::PlayedClip clip(trackItem);
+  return clip ? Borrowed<ITransition>(clip->GetValues().tailTransition) : Borrowed<ITransition>();
 }
 
 }  // namespace TrackItemUtils
 
 namespace MasterClipUtils {
 
-Ref<IMedia> GetProxyMedia(const Ref<IMasterClip>& masterClip) {
+Borrowed<IMedia> GetProxyMedia(Borrowed<IMasterClip> masterClip) {
   const auto* const node = qelcore::FindInterface<standalone::MasterClipNode>(masterClip.Get());
-  return node == nullptr ? Ref<IMedia>() : node->GetProxyMedia();
+  return node == nullptr ? Borrowed<IMedia>() : node->GetProxyMedia();
 }
 
-bool IsStill(const Ref<IMasterClip>& masterClip) {
+bool IsStill(Borrowed<IMasterClip> masterClip) {
   const auto* const node = qelcore::FindInterface<standalone::MasterClipNode>(masterClip.Get());
   return node != nullptr && node->IsStill();
 }
 
-Ref<IProjectItem> GetProjectItem(const Ref<IMasterClip>& masterClip) {
+Borrowed<IProjectItem> GetProjectItem(Borrowed<IMasterClip> masterClip) {
   auto* const node = qelcore::FindInterface<standalone::MasterClipNode>(masterClip.Get());
-  return node == nullptr ? Ref<IProjectItem>() : node->GetProjectItem();
+  return node == nullptr ? Borrowed<IProjectItem>() : node->GetProjectItem();
 }
 
 }  // namespace MasterClipUtils
 
 namespace MediaUtils {
 
-bool IsSynthetic(const Ref<IMedia>& media) {
+bool IsSynthetic(Borrowed<IMedia> media) {
   const auto* const node = qelcore::FindInterface<standalone::MediaNode>(media.Get());
   return node != nullptr && node->IsSynthetic();
 }
@@ -77,12 +79,12 @@ namespace TrackItemSelectionFactory {
 
 MZ::TrackItemSelection CreateSelection(const Ref<ITrackItem>& trackItem) {
   qelcore::Required(trackItem);
-  return MZ::TrackItemSelection({trackItem});
+  return MZ::TrackItemSelection::OfItem(trackItem);
 }
 
 }  // namespace TrackItemSelectionFactory
 
-Ref<IProject> GetContainingProxyProject(const Ref<IClip>& clip) {
+Ref<IProject> GetContainingProxyProject(Borrowed<IClip> clip) {
   const auto* const node = standalone::FindClipNode(clip);
   return node == nullptr ? Ref<IProject>() : node->GetContainingProxyProject();
 }

@@ -407,8 +407,8 @@ class ForeignItem final : public Fake<BE::ITrackItem> {
   std::uint64_t GetTrackIndex() const override { return real->GetTrackIndex(); }
   qelmediatypes::TickTime GetStart() const override { return real->GetStart(); }
   qelmediatypes::TickTime GetEnd() const override { return real->GetEnd(); }
-  Ref<BE::IClip> GetClip() const override { return clip; }
-  Ref<qelcore::IUnknown> GetTrack() const override { return real->GetTrack(); }
+  qelcore::Borrowed<BE::IClip> GetClip() const override { return clip; }
+  qelcore::Borrowed<qelcore::IUnknown> GetTrack() const override { return real->GetTrack(); }
 
  private:
   Ref<BE::ITrackItem> real;
@@ -421,7 +421,7 @@ class ForeignClip final : public Fake<BE::IClip> {
   bool IsDisabled() const override { return false; }
   bool IsMulticam() const override { return false; }
   qelmediatypes::TickTime GetFrameDuration() const override { return drafts::Frame(1); }
-  Ref<BE::IMedia> GetMedia() const override { return {}; }
+  qelcore::Borrowed<BE::IMedia> GetMedia() const override { return {}; }
 };
 
 TEST_F(Clips, AnObjectThatOnlyHasThePublicInterfacesGivesNeutralAnswers) {

@@ -66,7 +66,8 @@ TEST_F(PublishedContent, AnItemStaysReadableAfterItsSequenceWasReplacedAndDroppe
 
 TEST_F(PublishedContent, AnyNodeKeepsWhatItReaches) {
   auto sequence = model.Add(MakeEdition(1));
-  const auto masterClip = BE::TrackItemUtils::GetMasterClip(CollectClips(sequence).front());
+  const qelcore::Ref<BE::IMasterClip> masterClip =
+      BE::TrackItemUtils::GetMasterClip(CollectClips(sequence).front());
   const auto projectItem = BE::MasterClipUtils::GetProjectItem(masterClip);
   model.project.ReplaceSequence(sequence, MakeEdition(2));
   EXPECT_EQ(masterClip->GetMedia()->GetAddress(), "/media/Edition 1.mov");
