@@ -2,16 +2,23 @@
 
 namespace Vantrel {
 
-void AppendNames(std::string& listText, const NameList& names) {
-  for (const qelcore::UTF8String& name : names) {
-    listText.append(name.View()).append(kListSeparator);
-  }
+void ListTexts::Clear() noexcept {
+  missing.clear();
+  present.clear();
 }
 
-qelcore::UTF8String MakeListText(const NameList& names) {
+void AppendName(std::string& listText, std::string_view name) {
+  listText.append(name).append(kListSeparator);
+}
+
+void AppendName(std::string& listText, std::string_view prefix, std::string_view name) {
+  AppendName(listText.append(prefix), name);
+}
+
+std::string MakeListText(const NameList& names) {
   std::string listText;
-  AppendNames(listText, names);
-  return qelcore::UTF8String(listText);
+  for (const qelcore::UTF8String& name : names) AppendName(listText, name.View());
+  return listText;
 }
 
 }  // namespace Vantrel

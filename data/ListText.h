@@ -14,16 +14,20 @@ inline constexpr std::string_view kListSeparator = "; ";
 
 using NameList = std::vector<qelcore::UTF8String>;
 
-/// What a scan of a clip has found, each in the order met.
-struct NameLists {
-  NameList missing;
-  NameList present;
+/// The list texts that a scan of a clip adds to, each in the order met.
+struct ListTexts {
+  std::string missing;
+  std::string present;
+
+  /// Empties both, and keeps their memory for the next clip.
+  void Clear() noexcept;
 };
 
-/// Appends every name, each followed by the separator; no names leave `listText` as it is. [any-thread]
-void AppendNames(std::string& listText, const NameList& names);
+/// Appends a name, whose parts are given, and the separator. [any-thread]
+void AppendName(std::string& listText, std::string_view name);
+void AppendName(std::string& listText, std::string_view prefix, std::string_view name);
 
 /// The list text of these names; empty without names. [any-thread]
-qelcore::UTF8String MakeListText(const NameList& names);
+std::string MakeListText(const NameList& names);
 
 }  // namespace Vantrel

@@ -6,13 +6,13 @@
 
 namespace Vantrel {
 
-qelcore::UTF8String FileNameText(const qelcore::Ref<BE::IMedia>& media) {
+qelcore::UTF8String FileNameText(qelcore::Borrowed<BE::IMedia> media) {
   if (!media) return {};
   using namespace qelcore::filesupport;
   return File(media->GetAddress(), StorageType::kMediaAddress).GetNameUTF8();
 }
 
-qelcore::UTF8String FilePathText(const qelcore::Ref<BE::IMedia>& media) {
+qelcore::UTF8String FilePathText(qelcore::Borrowed<BE::IMedia> media) {
   if (!media) return {};
   return qelcore::string::UTF16to8(ZSL::PathUtils::GetDisplayStringFromPath(media->GetAddress()));
 }

@@ -7,7 +7,7 @@
 /// Name and path of a media's file; empty for media without a file, or without media. [any-thread]
 namespace Vantrel {
 
-qelcore::UTF8String FileNameText(const qelcore::Ref<BE::IMedia>& media);
-qelcore::UTF8String FilePathText(const qelcore::Ref<BE::IMedia>& media);
+qelcore::UTF8String FileNameText(qelcore::Borrowed<BE::IMedia> media);
+qelcore::UTF8String FilePathText(qelcore::Borrowed<BE::IMedia> media);
 
 }  // namespace Vantrel

@@ -27,7 +27,7 @@ const qelcore::UTF8String& PendingRelinkText() {
 
 }  // namespace
 
-qelcore::UTF8String OfflineStatusText(const qelcore::Ref<BE::IMedia>& media) {
+qelcore::UTF8String OfflineStatusText(qelcore::Borrowed<BE::IMedia> media) {
   if (!media) return {};
   if (media->IsOffline()) {
     return MZ::Utilities::GetOfflineReasonDescription(media->GetOfflineReason());

@@ -9,6 +9,6 @@ namespace Vantrel {
 /// What keeps a clip's media from playing: why it is offline, or else "Pending Connection", "Media
 /// Growing" or "Pending Relink", the first that holds. Empty when nothing does, or without media.
 /// [any-thread]
-qelcore::UTF8String OfflineStatusText(const qelcore::Ref<BE::IMedia>& media);
+qelcore::UTF8String OfflineStatusText(qelcore::Borrowed<BE::IMedia> media);
 
 }  // namespace Vantrel

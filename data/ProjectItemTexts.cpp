@@ -4,19 +4,19 @@
 
 namespace Vantrel {
 
-qelcore::Ref<BE::IProjectItem> FindProjectItem(const qelcore::Ref<BE::ITrackItem>& trackItem) {
+qelcore::Borrowed<BE::IProjectItem> FindProjectItem(const qelcore::Ref<BE::ITrackItem>& trackItem) {
   return BE::MasterClipUtils::GetProjectItem(BE::TrackItemUtils::GetMasterClip(trackItem));
 }
 
-qelcore::UTF8String CommentText(const qelcore::Ref<BE::IProjectItem>& item) {
+qelcore::UTF8String CommentText(qelcore::Borrowed<BE::IProjectItem> item) {
   return item ? item->GetColumnProperty("Column.PropertyText.Comment") : qelcore::UTF8String();
 }
 
-qelcore::UTF8String DescriptionText(const qelcore::Ref<BE::IProjectItem>& item) {
+qelcore::UTF8String DescriptionText(qelcore::Borrowed<BE::IProjectItem> item) {
   return item ? item->GetDescription() : qelcore::UTF8String();
 }
 
-qelcore::UTF8String TapeNameText(const qelcore::Ref<BE::IProjectItem>& item) {
+qelcore::UTF8String TapeNameText(qelcore::Borrowed<BE::IProjectItem> item) {
   return item ? item->GetTapeName() : qelcore::UTF8String();
 }
 

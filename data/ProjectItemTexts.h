@@ -9,10 +9,10 @@ namespace Vantrel {
 
 /// The project item that a track item's master clip belongs to. Empty without master clip or project
 /// item.
-qelcore::Ref<BE::IProjectItem> FindProjectItem(const qelcore::Ref<BE::ITrackItem>& trackItem);
+qelcore::Borrowed<BE::IProjectItem> FindProjectItem(const qelcore::Ref<BE::ITrackItem>& trackItem);
 
-qelcore::UTF8String CommentText(const qelcore::Ref<BE::IProjectItem>& item);
-qelcore::UTF8String DescriptionText(const qelcore::Ref<BE::IProjectItem>& item);
-qelcore::UTF8String TapeNameText(const qelcore::Ref<BE::IProjectItem>& item);
+qelcore::UTF8String CommentText(qelcore::Borrowed<BE::IProjectItem> item);
+qelcore::UTF8String DescriptionText(qelcore::Borrowed<BE::IProjectItem> item);
+qelcore::UTF8String TapeNameText(qelcore::Borrowed<BE::IProjectItem> item);
 
 }  // namespace Vantrel

@@ -34,7 +34,7 @@ const qelcore::UTF8String& ProxyStatusText(bool isOffline) {
   return isOffline ? offline : online;
 }
 
-qelui::ColorRGBA LabelColorOf(const qelcore::Ref<BE::IClip>& clip) {
+qelui::ColorRGBA LabelColorOf(qelcore::Borrowed<BE::IClip> clip) {
   const auto project = BE::GetContainingProxyProject(clip);
   return UIF::QELConversionUtilities::ZSLColorToQELColorRGBA(
       MZ::ColorLabelUtils::GetDisplayLabelColorForClip(clip, project));
@@ -50,23 +50,25 @@ void FillSource(TrackItemRowData& row) {
   row.proxyStatus = ProxyStatusText(proxy->IsOffline());
 }
 
-void FillEffectsAndTransitions(TrackItemRowData& row, const BE::IComponentOwner& components) {
-  const NameLists effects = ScanEffects(components);
-  const NameLists transitions = ScanTransitions(row.trackItem);
-  std::string missing;
-  AppendNames(missing, effects.missing);
-  AppendNames(missing, transitions.missing);
-  row.effectsMissing = qelcore::UTF8String(missing);
-  row.effects = MakeListText(effects.present);
-  row.transitions = MakeListText(transitions.present);
-}
+/// A row at the end of a list, which is filled where it stands, as moving it there would cost as much
+/// again. It is taken back unless it is kept.
+class NewRow {
+ public:
+  explicit NewRow(TrackItemDataList& rows) : rows(rows), row(rows.emplace_back()) {}
+  ~NewRow() {
+    if (!isKept) rows.pop_back();
+  }
+  NewRow(const NewRow&) = delete;
+  NewRow& operator=(const NewRow&) = delete;
 
-void FillFonts(TrackItemRowData& row, const BE::IComponentOwner& components) {
-  if (!IsVideoRow(row) || !MZ::Graphics::IsGraphicsTrackItem(row.trackItem)) return;
-  const FontLists fonts = ScanFonts(components);
-  row.fontsUsed = MakeListText(fonts.used);
-  row.fontsMissing = MakeListText(fonts.missing);
-}
+  TrackItemRowData& Get() noexcept { return row; }
+  void Keep() noexcept { isKept = true; }
+
+ private:
+  TrackItemDataList& rows;
+  TrackItemRowData& row;
+  bool isKept = false;
+};
 
 qelcore::UTF8String ClipName(const TrackItemRowData& row, const BE::IClip& clip, bool hasProject) {
   if (!hasProject) return clip.GetName();
@@ -98,10 +100,12 @@ void RowBuilder::AppendRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
 void RowBuilder::AppendGapRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
   // Only the open filler ends exactly there; a gap beyond is a gap.
   if (trackItem->GetEnd() == qelmediatypes::kOneHundredHours) return;
-  TrackItemRowData row = MakeRow(trackItem);
+  NewRow newRow(rows);
+  TrackItemRowData& row = newRow.Get();
+  FillPlace(row, trackItem);
   row.name = GapName();
   row.frameRate = GetFrameDuration(row.mediaType);
-  rows.push_back(std::move(row));
+  newRow.Keep();
 }
 
 void RowBuilder::AppendClipRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
@@ -110,26 +114,48 @@ void RowBuilder::AppendClipRow(const qelcore::Ref<BE::ITrackItem>& trackItem) {
   qelcore::Required(media);
   const auto components = qelcore::RequireInterface<BE::IComponentOwner>(clip);
 
-  TrackItemRowData row = MakeRow(trackItem);
+  NewRow newRow(rows);
+  TrackItemRowData& row = newRow.Get();
+  FillPlace(row, trackItem);
   row.codec = VideoCodecText(row.mediaType, media);
   row.labelColor = LabelColorOf(clip);
   FillSource(row);
   row.name = ClipName(row, *clip, static_cast<bool>(parentProject));
   row.frameRate = clip->GetFrameDuration();
-  FillEffectsAndTransitions(row, *components);
+  FillEffects(row, *components);
+  FillTransitions(row);
   FillFonts(row, *components);
-  rows.push_back(std::move(row));
+  newRow.Keep();
 }
 
-TrackItemRowData RowBuilder::MakeRow(const qelcore::Ref<BE::ITrackItem>& trackItem) const {
-  TrackItemRowData row;
+void RowBuilder::FillEffects(TrackItemRowData& row, const BE::IComponentOwner& components) {
+  lists.Clear();
+  ScanEffects(components, texts, lists);
+  row.effects = texts.Share(lists.present);
+}
+
+// After the effects, whose missing ones the missing transitions follow.
+void RowBuilder::FillTransitions(TrackItemRowData& row) {
+  lists.present.clear();
+  ScanTransitions(row.trackItem, texts, lists);
+  row.transitions = texts.Share(lists.present);
+  row.effectsMissing = texts.Share(lists.missing);
+}
+
+void RowBuilder::FillFonts(TrackItemRowData& row, const BE::IComponentOwner& components) {
+  if (!IsVideoRow(row) || !MZ::Graphics::IsGraphicsTrackItem(row.trackItem)) return;
+  const FontLists fonts = ScanFonts(components);
+  row.fontsUsed = texts.Share(MakeListText(fonts.used));
+  row.fontsMissing = texts.Share(MakeListText(fonts.missing));
+}
+
+void RowBuilder::FillPlace(TrackItemRowData& row, const qelcore::Ref<BE::ITrackItem>& trackItem) const {
   row.trackItem = trackItem;
   row.sequence = sequence;
   row.trackIndex = trackItem->GetTrackIndex();
   row.start = trackItem->GetStart();
   row.end = trackItem->GetEnd();
   row.mediaType = trackItem->GetMediaType();
-  return row;
 }
 
 qelmediatypes::TickTime RowBuilder::GetFrameDuration(const BE::MediaType& mediaType) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/ListText.h"
+#include "data/TextShare.h"
 #include "data/TrackItemRowData.h"
 #include "host/BE/Model.h"
 #include "host/qelcore/Reference.h"
@@ -24,7 +26,10 @@ class RowBuilder {
  private:
   void AppendGapRow(const qelcore::Ref<BE::ITrackItem>& trackItem);
   void AppendClipRow(const qelcore::Ref<BE::ITrackItem>& trackItem);
-  TrackItemRowData MakeRow(const qelcore::Ref<BE::ITrackItem>& trackItem) const;
+  void FillEffects(TrackItemRowData& row, const BE::IComponentOwner& components);
+  void FillTransitions(TrackItemRowData& row);
+  void FillFonts(TrackItemRowData& row, const BE::IComponentOwner& components);
+  void FillPlace(TrackItemRowData& row, const qelcore::Ref<BE::ITrackItem>& trackItem) const;
   qelmediatypes::TickTime GetFrameDuration(const BE::MediaType& mediaType) const;
 
   const qelcore::Ref<BE::ISequence>& sequence;
@@ -32,6 +37,9 @@ class RowBuilder {
   const qelmediatypes::TickTime videoFrameDuration;
   const qelmediatypes::TickTime audioFrameDuration;
   TrackItemDataList& rows;
+  TextShare texts;
+  /// Those of the clip whose row is being made.
+  ListTexts lists;
 };
 
 }  // namespace Vantrel

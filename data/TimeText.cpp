@@ -2,7 +2,6 @@
 
 #include "host/MZ/Sequences.h"
 #include "host/ZSL/Timecode.h"
-#include "host/qelmediatypes/TimeDisplay.h"
 
 namespace Vantrel {
 namespace {
@@ -12,20 +11,23 @@ constexpr int kForDisplay = 1;
 
 }  // namespace
 
+TimeFormat GetTimeFormat(const qelcore::Ref<BE::ISequence>& sequence) {
+  if (!sequence) return {};
+  if (MZ::SequenceActions::GetFrameAlignment(sequence) != 0) {
+    return {sequence->GetAudioFrameDuration(),
+            MZ::SequencePlayback::GetAudioTimeDisplayFormat(sequence)};
+  }
+  return {sequence->GetVideoFrameDuration(),
+          MZ::SequencePlayback::GetVideoTimeDisplayFormat(sequence, kForDisplay)};
+}
+
+qelcore::UTF8String FormatTime(const TimeFormat& format, qelmediatypes::TickTime time) {
+  return ZSL::Timecode(time, format.frameDuration, format.display).GetStringUTF8();
+}
+
 qelcore::UTF8String TimeText(const qelcore::Ref<BE::ISequence>& sequence,
                              qelmediatypes::TickTime time) {
-  qelmediatypes::TimeDisplay display;
-  qelmediatypes::TickTime frameDuration = qelmediatypes::kUnknownFrameDuration;
-  if (sequence) {
-    if (MZ::SequenceActions::GetFrameAlignment(sequence) != 0) {
-      frameDuration = sequence->GetAudioFrameDuration();
-      display = MZ::SequencePlayback::GetAudioTimeDisplayFormat(sequence);
-    } else {
-      frameDuration = sequence->GetVideoFrameDuration();
-      display = MZ::SequencePlayback::GetVideoTimeDisplayFormat(sequence, kForDisplay);
-    }
-  }
-  return ZSL::Timecode(time, frameDuration, display).GetStringUTF8();
+  return FormatTime(GetTimeFormat(sequence), time);
 }
 
 }  // namespace Vantrel

@@ -5,6 +5,7 @@
 
 #include "host/BE/MediaTypes.h"
 #include "host/BE/Model.h"
+#include "host/qelcore/RecyclingAllocator.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/UTF8String.h"
 #include "host/qelmediatypes/TickTime.h"
@@ -58,6 +59,7 @@ struct TrackItemRowData {
 static_assert(sizeof(TrackItemRowData) < 200);
 
 /// A row list: ordered and numbered by whoever fills it, never changed once it is shared.
-using TrackItemDataList = std::vector<TrackItemRowData>;
+using TrackItemDataList =
+    std::vector<TrackItemRowData, qelcore::memory::RecyclingAllocator<TrackItemRowData>>;
 
 }  // namespace Vantrel

@@ -1,10 +1,7 @@
 #include "data/TransitionScan.h"
 
-#include <string>
-
 #include "data/LocalizedText.h"
 #include "host/BE/Utilities.h"
-#include "host/qelcore/Strings.h"
 #include "host/qelcore/UTF8String.h"
 
 namespace Vantrel {
@@ -21,25 +18,22 @@ const qelcore::UTF8String& OutPrefix() {
   return text;
 }
 
-void AddTransition(NameLists& transitions, const BE::ITransition& transition,
-                   const qelcore::UTF8String& prefix) {
-  std::string name(prefix.View());
-  name.append(qelcore::string::UTF16to8(transition.GetDisplayName()).View());
-  NameList& names = transition.IsMissing() ? transitions.missing : transitions.present;
-  names.emplace_back(name);
+void AppendTransition(const BE::ITransition& transition, const qelcore::UTF8String& prefix,
+                      TextShare& texts, ListTexts& transitions) {
+  AppendName(transition.IsMissing() ? transitions.missing : transitions.present, prefix.View(),
+             texts.ToUTF8(transition.GetDisplayName()));
 }
 
 }  // namespace
 
-NameLists ScanTransitions(const qelcore::Ref<BE::ITrackItem>& trackItem) {
-  NameLists transitions;
+void ScanTransitions(const qelcore::Ref<BE::ITrackItem>& trackItem, TextShare& texts,
+                     ListTexts& transitions) {
   if (const auto head = BE::TrackItemUtils::GetHeadTransition(trackItem)) {
-    AddTransition(transitions, *head, InPrefix());
+    AppendTransition(*head, InPrefix(), texts, transitions);
   }
   if (const auto tail = BE::TrackItemUtils::GetTailTransition(trackItem)) {
-    AddTransition(transitions, *tail, OutPrefix());
+    AppendTransition(*tail, OutPrefix(), texts, transitions);
   }
-  return transitions;
 }
 
 }  // namespace Vantrel

@@ -7,7 +7,7 @@
 namespace Vantrel {
 
 qelcore::UTF8String VideoCodecText(const BE::MediaType& mediaType,
-                                   const qelcore::Ref<BE::IMedia>& media) {
+                                   qelcore::Borrowed<BE::IMedia> media) {
   if (mediaType != BE::kMediaType_Video) return {};
   if (BE::MediaUtils::IsSynthetic(media) || media->IsOffline()) return {};
   const auto source = media->GetVideoSource();

@@ -10,7 +10,6 @@ namespace Vantrel {
 /// The codec of picture media that is read and online: its name, or the stream's four-character code
 /// where there is none. Empty for sound, for media that is made, offline or without picture.
 /// [any-thread]
-qelcore::UTF8String VideoCodecText(const BE::MediaType& mediaType,
-                                   const qelcore::Ref<BE::IMedia>& media);
+qelcore::UTF8String VideoCodecText(const BE::MediaType& mediaType, qelcore::Borrowed<BE::IMedia> media);
 
 }  // namespace Vantrel

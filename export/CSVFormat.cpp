@@ -1,12 +1,12 @@
 #include "export/CSVFormat.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <limits>
 #include <string>
 #include <string_view>
 
 #include "data/CellText.h"
+#include "export/NeedsQuotes.h"
 #include "host/UIF/QELConversionUtilities.h"
 #include "host/qelcore/Exceptions.h"
 #include "host/qelcore/Strings.h"
@@ -19,27 +19,28 @@ using qelcore::UTF8String;
 constexpr std::string_view kQuote = "\"";
 constexpr std::string_view kDoubledQuote = "\"\"";
 
-// Asked of every field; searching for a set of characters takes five times as long.
-bool NeedsQuotes(std::string_view text) {
-  return std::ranges::any_of(text,
-                             [](char byte) { return byte == ',' || byte == '"' || byte == '\n'; });
-}
-
 }  // namespace
 
 UTF8String QuoteCSVField(const UTF8String& text) {
   if (!NeedsQuotes(text)) return text;
-  std::string quoted(kQuote);
-  quoted.append(qelcore::string::ReplaceInString(text, kQuote, kDoubledQuote)).append(kQuote);
+  std::string quoted = qelcore::string::ReplaceInString(text, kQuote, kDoubledQuote);
+  quoted.insert(0, kQuote).append(kQuote);
   return UTF8String(quoted);
 }
 
-UTF8String ColorFieldText(const qelui::ColorRGBA& color) {
+std::uint32_t ColorFieldValue(const qelui::ColorRGBA& color) {
   const ZSL::Color rounded = UIF::QELConversionUtilities::QELColorRGBAtoZSLColor(color);
-  const unsigned value = rounded.red * 65536u + rounded.green * 256u + rounded.blue;
-  char buffer[sizeof "FFFFFF"];
+  return rounded.red * 65536u + rounded.green * 256u + rounded.blue;
+}
+
+UTF8String ColorFieldText(std::uint32_t value) {
+  char buffer[sizeof "FFFFFFFF"];
   std::snprintf(buffer, sizeof buffer, "%X", value);
   return UTF8String(buffer);
+}
+
+UTF8String ColorFieldText(const qelui::ColorRGBA& color) {
+  return ColorFieldText(ColorFieldValue(color));
 }
 
 UTF8String RowFieldText(const TrackItemRowData& row, ColumnID column,
@@ -53,16 +54,6 @@ UTF8String NumberedColumnName(std::size_t displayIndex) {
   std::string name("Column ");
   name.append(qelcore::string::ConvertUInt64ToBufferT(displayIndex + 1, buffer));
   return UTF8String(name);
-}
-
-void AppendCSVField(qelcore::oUTF8StringStream& stream, const UTF8String& text,
-                    std::size_t displayIndex, std::size_t columnCount) {
-  stream << QuoteCSVField(text).View();
-  if (displayIndex + 1 < columnCount) stream << ',';
-}
-
-void EndCSVLine(qelcore::oUTF8StringStream& stream) {
-  stream << '\n';
 }
 
 std::uint32_t RequireBlockSize(std::size_t size) {

@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "data/ColumnIdentifiers.h"
 #include "data/TrackItemRowData.h"
+#include "export/NeedsQuotes.h"
 #include "host/qelcore/UTF8String.h"
 #include "host/qelcore/UTF8StringStream.h"
 #include "host/qelmediatypes/TickTime.h"
@@ -19,8 +21,11 @@ namespace Vantrel {
 /// included, is returned as it is, sharing its buffer.
 qelcore::UTF8String QuoteCSVField(const qelcore::UTF8String& text);
 
-/// A colour as red * 65536 + green * 256 + blue in upper-case hexadecimal without leading zeros: pure
-/// blue is FF, black is 0. Alpha has no part in it.
+/// A colour as red * 65536 + green * 256 + blue. Alpha has no part in it.
+std::uint32_t ColorFieldValue(const qelui::ColorRGBA& color);
+
+/// That value in upper-case hexadecimal without leading zeros: pure blue is FF, black is 0.
+qelcore::UTF8String ColorFieldText(std::uint32_t value);
 qelcore::UTF8String ColorFieldText(const qelui::ColorRGBA& color);
 
 /// What a row's field says before quoting: the cell text, and for "Label Color" the colour.
@@ -41,10 +46,20 @@ constexpr bool IsExportedColumn(ColumnID column) noexcept {
 /// Appends a field, quoted where needed, then a comma unless it stands in the last display position.
 /// The position counts, not the fields written: when the last column is left out, the line ends with
 /// a comma.
-void AppendCSVField(qelcore::oUTF8StringStream& stream, const qelcore::UTF8String& text,
-                    std::size_t displayIndex, std::size_t columnCount);
+inline void AppendCSVField(qelcore::oUTF8StringStream& stream, std::string_view text,
+                           std::size_t displayIndex, std::size_t columnCount) {
+  // Most fields are empty, or written as they are.
+  if (!text.empty() && NeedsQuotes(text)) {
+    stream << QuoteCSVField(qelcore::UTF8String(text)).View();
+  } else {
+    stream << text;
+  }
+  if (displayIndex + 1 < columnCount) stream << ',';
+}
 
-void EndCSVLine(qelcore::oUTF8StringStream& stream);
+inline void EndCSVLine(qelcore::oUTF8StringStream& stream) {
+  stream << '\n';
+}
 
 /// `size` as the byte count of one block. Call it before the file is created, so that a text that is
 /// too long leaves the old file as it was.

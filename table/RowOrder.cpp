@@ -6,8 +6,8 @@ namespace Vantrel {
 
 namespace {
 
-std::vector<RowOrderKey> MakeKeys(const TrackItemDataList& rows) {
-  std::vector<RowOrderKey> keys;
+RowOrderKeys MakeKeys(const TrackItemDataList& rows) {
+  RowOrderKeys keys;
   keys.reserve(rows.size());
   for (const TrackItemRowData& row : rows) {
     keys.push_back({row.start, row.mediaType, row.trackIndex, keys.size()});
@@ -15,35 +15,30 @@ std::vector<RowOrderKey> MakeKeys(const TrackItemDataList& rows) {
   return keys;
 }
 
-// Follows one cycle of the permutation: the row at `first` is lifted out, every further row moves once
-// into the hole before it, and the lifted one fills the last hole.
-void PlaceCycle(TrackItemDataList& rows, std::vector<RowOrderKey>& keys, std::size_t first) {
-  TrackItemRowData lifted = std::move(rows[first]);
-  std::size_t hole = first;
-  for (;;) {
-    const std::size_t source = std::exchange(keys[hole].position, hole);
-    if (source == first) break;
-    rows[hole] = std::move(rows[source]);
-    hole = source;
+// Into a new list, which is written from the first row to the last and reads as many places of the old
+// one as there are tracks. Moving rows within their list would jump to and fro for each of them.
+void PlaceRows(TrackItemDataList& rows, const RowOrderKeys& keys) {
+  TrackItemDataList ordered;
+  ordered.reserve(rows.size());
+  for (const RowOrderKey& key : keys) {
+    ordered.push_back(std::move(rows[key.position]));
+    ordered.back().index = ordered.size() - 1;
   }
-  rows[hole] = std::move(lifted);
+  rows = std::move(ordered);
 }
 
-// `keys[i].position` is where the row for place i stands.
-void PlaceRows(TrackItemDataList& rows, std::vector<RowOrderKey>& keys) {
-  for (std::size_t place = 0; place < rows.size(); ++place) {
-    if (keys[place].position != place) PlaceCycle(rows, keys, place);
-  }
+void NumberRows(TrackItemDataList& rows) noexcept {
+  std::uint64_t index = 0;
+  for (TrackItemRowData& row : rows) row.index = index++;
 }
 
 }  // namespace
 
 void OrderAndNumberRows(TrackItemDataList& rows) {
   auto keys = MakeKeys(rows);
+  if (std::ranges::is_sorted(keys, RowOrderLess())) return NumberRows(rows);
   SortRowOrderKeys(keys);
   PlaceRows(rows, keys);
-  std::uint64_t index = 0;
-  for (TrackItemRowData& row : rows) row.index = index++;
 }
 
 }  // namespace Vantrel

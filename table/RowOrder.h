@@ -8,6 +8,7 @@
 
 #include "data/TrackItemRowData.h"
 #include "host/BE/MediaTypes.h"
+#include "host/qelcore/RecyclingAllocator.h"
 #include "host/qelmediatypes/TickTime.h"
 
 namespace Vantrel {
@@ -21,6 +22,8 @@ struct RowOrderKey {
   std::size_t position = 0;
 };
 
+using RowOrderKeys = std::vector<RowOrderKey, qelcore::memory::RecyclingAllocator<RowOrderKey>>;
+
 /// True when `left` stands before `right`: by start, then by the bytes of the media type (which puts
 /// picture before sound), then by track. The position has no part in it.
 struct RowOrderLess {
@@ -31,10 +34,40 @@ struct RowOrderLess {
   }
 };
 
-/// Sorts in O(n log n) comparisons at worst; keys that are equal end in any order.
+/// Merges each two neighbouring runs of `keys` into one of `merged`. `ends` says where each run ends,
+/// before and after.
+template <typename Less>
+void MergeNeighbouringRuns(const RowOrderKeys& keys, std::vector<std::size_t>& ends,
+                           RowOrderKeys& merged, Less isLess) {
+  const auto at = [first = keys.begin()](std::size_t i) {
+    return first + static_cast<std::ptrdiff_t>(i);
+  };
+  auto target = merged.begin();
+  std::size_t begin = 0;
+  std::size_t runs = 0;
+  for (std::size_t i = 0; i < ends.size(); i += 2) {
+    const std::size_t middle = ends[i];
+    const std::size_t end = ends[std::min(i + 1, ends.size() - 1)];
+    target = std::merge(at(begin), at(middle), at(middle), at(end), target, isLess);
+    ends[runs++] = begin = end;
+  }
+  ends.resize(runs);
+}
+
+/// Sorts in at most n (1 + log2 r) comparisons, r being the number of ascending runs that the keys come
+/// in; keys that are equal stay in the order they come in. The host visits track by track, each in time
+/// order, so the runs are the tracks.
 template <typename Less = RowOrderLess>
-void SortRowOrderKeys(std::vector<RowOrderKey>& keys, Less isLess = Less()) {
-  std::sort(keys.begin(), keys.end(), isLess);
+void SortRowOrderKeys(RowOrderKeys& keys, Less isLess = Less()) {
+  std::vector<std::size_t> ends;
+  for (std::size_t i = 1; i <= keys.size(); ++i) {
+    if (i == keys.size() || isLess(keys[i], keys[i - 1])) ends.push_back(i);
+  }
+  RowOrderKeys merged(ends.size() > 1 ? keys.size() : 0);
+  while (ends.size() > 1) {
+    MergeNeighbouringRuns(keys, ends, merged, isLess);
+    keys.swap(merged);
+  }
 }
 
 /// Puts rows into the one order of the table, by time on the timeline, and numbers them from 0.

@@ -23,6 +23,7 @@
 #include "host/qelui/MultiColumnTree.h"
 #include "host/qelui/MultiColumnTreeHeaderRow.h"
 #include "table/OwnStation.h"
+#include "table/RowsAtTime.h"
 
 namespace Vantrel {
 
@@ -131,10 +132,11 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   bool SyncToPlayerPosition();
 
   void BuildNextItemDataLists();
-  SharedItemDataList CollectRawList();
+  TrackItemDataList CollectRawList();
   SharedItemDataList MakeFullList();
   SharedItemDataList MakeFilteredList(const TrackItemDataList& fullList);
-  void StoreNextItemDataLists(SharedItemDataList fullList, SharedItemDataList filteredList);
+  void StoreNextItemDataLists(SharedItemDataList fullList, SharedItemDataList filteredList,
+                              LatestEnds latestEnds);
 
   void UpdateTreeRows();
   void ShowNextItemDataLists();
@@ -160,6 +162,11 @@ class SequenceIndexTree final : public qelui::controls::UI_MultiColumnTree {
   std::int32_t shortGapThreshold = 5;
   SharedItemDataList nextFullList;
   SharedItemDataList nextFilteredList;
+  /// Read and written by builds only, of which there is one at a time.
+  std::size_t expectedRows = 0;
+  /// Of the filtered lists.
+  LatestEnds currentLatestEnds;
+  LatestEnds nextLatestEnds;
   bool isUpdatingTimelineSelection = false;
   qelmediatypes::TickTime lastSynchronisedTime;
   /// Counts what brings the whole selection into line: followed times and new rows.

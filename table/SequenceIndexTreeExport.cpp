@@ -1,8 +1,9 @@
 #include <cstdint>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "export/CSVFormat.h"
+#include "export/FieldTexts.h"
 #include "host/BE/Utilities.h"
 #include "host/qelcore/Files.h"
 #include "host/qelcore/UTF8StringStream.h"
@@ -43,7 +44,7 @@ void AppendLine(qelcore::oUTF8StringStream& stream, const std::vector<ColumnID>&
   EndCSVLine(stream);
 }
 
-void WriteWholeFile(File& file, const std::string& text) {
+void WriteWholeFile(File& file, std::string_view text) {
   const std::uint32_t size = RequireBlockSize(text.size());
   file.Create(kFailIfExists);
   OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
@@ -66,10 +67,10 @@ bool SequenceIndexTree::ExportSequenceIndexToCSV(const qelcore::UTF8String& path
   AppendLine(text, columns, [&](ColumnID column, std::size_t displayIndex) {
     return GetHeaderText(*headerRow, column, displayIndex);
   });
-  const auto zeroPoint = BE::SequenceUtils::GetZeroPoint(sequence);
+  FieldTexts fields(BE::SequenceUtils::GetZeroPoint(sequence));
   for (const TrackItemRowData& row : currentFilteredList) {
-    AppendLine(text, columns,
-               [&](ColumnID column, std::size_t) { return RowFieldText(row, column, zeroPoint); });
+    fields.SetRow(row);
+    AppendLine(text, columns, [&](ColumnID column, std::size_t) { return fields.Get(column); });
   }
   WriteWholeFile(file, text.str());
   return true;

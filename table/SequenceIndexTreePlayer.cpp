@@ -47,7 +47,8 @@ void SequenceIndexTree::FollowPlayerPosition(TickTime position) {
   if (position == lastSynchronisedTime && !GetSelectedRows().empty()) return;
   lastSynchronisedTime = position;
   const std::size_t ownNumber = ++synchronisationNumber;
-  const std::vector<std::size_t> positions = FindRowsAtTime(currentFilteredList, position);
+  const std::vector<std::size_t> positions =
+      currentLatestEnds.FindRowsAtTime(currentFilteredList, position);
   DeselectAllRows(kIsNotifying);
   // They may also have followed another time, or brought other rows, which are in line already.
   if (ownNumber != synchronisationNumber) return;

@@ -23,6 +23,10 @@ constexpr std::chrono::milliseconds kNoDelay{0};
 constexpr unsigned kSoon = 0;
 constexpr bool kAlsoInNestedLoops = true;
 
+/// The next build is expected to make as many rows as the last, and one in so many more: growing a list
+/// of a million rows while it is filled costs as much as filling it.
+constexpr std::size_t kMoreRowsFraction = 64;
+
 constexpr bool kIsNotifying = true;
 constexpr bool kIsRedrawing = true;
 constexpr bool kIsVisible = true;
@@ -90,22 +94,25 @@ void SequenceIndexTree::RefreshDataListsAndTreeViewAsync() {
 void SequenceIndexTree::BuildNextItemDataLists() {
   SharedItemDataList fullList = MakeFullList();
   SharedItemDataList filteredList = MakeFilteredList(*fullList);
-  StoreNextItemDataLists(std::move(fullList), std::move(filteredList));
+  LatestEnds latestEnds(*filteredList);
+  StoreNextItemDataLists(std::move(fullList), std::move(filteredList), std::move(latestEnds));
 }
 
-SequenceIndexTree::SharedItemDataList SequenceIndexTree::CollectRawList() {
+TrackItemDataList SequenceIndexTree::CollectRawList() {
   qelcore::Ref<BE::ISequence> visited;
   {
     const DataMutexLock lock(dataMutex);
     visited = sequence;
   }
-  auto rawList = std::make_shared<TrackItemDataList>();
-  CollectRows(visited, {BE::kMediaType_Video, BE::kMediaType_Audio}, *rawList);
+  TrackItemDataList rawList;
+  rawList.reserve(expectedRows);
+  CollectRows(visited, {BE::kMediaType_Video, BE::kMediaType_Audio}, rawList);
+  expectedRows = rawList.size() + rawList.size() / kMoreRowsFraction;
   return rawList;
 }
 
 SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFullList() {
-  SharedItemDataList rawList = CollectRawList();
+  TrackItemDataList rawList = CollectRawList();
   bool isKeepingGaps = false;
   std::int32_t threshold = 0;
   {
@@ -113,8 +120,7 @@ SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFullList() {
     isKeepingGaps = options.isKeepingGaps;
     threshold = shortGapThreshold;
   }
-  SharedItemDataList fullList = FilterTrackItemDataList(*rawList, {}, isKeepingGaps);
-  rawList.reset();
+  SharedItemDataList fullList = FilterTrackItemDataList(std::move(rawList), {}, isKeepingGaps);
   OrderAndNumberRows(*fullList);
   MarkShortGaps(*fullList, threshold);
   return fullList;
@@ -137,10 +143,11 @@ SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFilteredList(
 
 // Takes the lists by value: those they replace leave with the arguments, after the lock was given back.
 void SequenceIndexTree::StoreNextItemDataLists(SharedItemDataList fullList,
-                                               SharedItemDataList filteredList) {
+                                               SharedItemDataList filteredList, LatestEnds latestEnds) {
   const DataMutexLock lock(dataMutex);
   nextFullList.swap(fullList);
   nextFilteredList.swap(filteredList);
+  nextLatestEnds.Swap(latestEnds);
 }
 
 void SequenceIndexTree::UpdateTreeRows() {
@@ -160,6 +167,7 @@ bool SequenceIndexTree::ApplyNextItemDataLists() {
     const DataMutexLock lock(dataMutex);
     fullList = TakeNextList(nextFullList, currentFullList);
     filteredList = TakeNextList(nextFilteredList, currentFilteredList);
+    if (filteredList != nullptr) currentLatestEnds.Swap(nextLatestEnds);
   }
   if (fullList == nullptr && filteredList == nullptr) return false;
   LetDieOnPool(std::move(fullList), std::move(filteredList));

@@ -14,7 +14,7 @@ TEST(ListText, EveryNameIsFollowedByTheSeparator) {
 }
 
 TEST(ListText, NoNamesMakeAnEmptyText) {
-  EXPECT_TRUE(MakeListText({}).Empty());
+  EXPECT_TRUE(MakeListText({}).empty());
 }
 
 TEST(ListText, NamesAreNeitherTrimmedNorSorted) {

@@ -205,7 +205,7 @@ TEST_F(ShortGaps, MarkingAgreesWithAPlainListOfPairs) {
       Add(start, start + static_cast<std::int64_t>(random() % 60), random() % 4 == 0 ? kMutedTrack : 0);
       if (random() % 4 == 0) list.back().mediaType = BE::kMediaType_Audio;
     }
-    std::vector<TrackItemRowData> pairs;
+    TrackItemDataList pairs;
     for (const auto& row : list) {
       if (row.mediaType == BE::kMediaType_Video && row.trackIndex != kMutedTrack) pairs.push_back(row);
     }

@@ -85,8 +85,8 @@ class Component final : public Counted<BE::IComponent> {
   }
   bool IsIntrinsic() const override { return real->IsIntrinsic(); }
   bool IsMissing() const override { return real->IsMissing(); }
-  qelcore::Ref<BE::IComponentParam> GetParam(std::uint32_t index) const override {
-    return hasParam ? real->GetParam(index) : qelcore::Ref<BE::IComponentParam>();
+  qelcore::Borrowed<BE::IComponentParam> GetParam(std::uint32_t index) const override {
+    return hasParam ? real->GetParam(index) : qelcore::Borrowed<BE::IComponentParam>();
   }
 
  private:
@@ -125,20 +125,21 @@ class Clip final : public Counted<BE::IClip>, public BE::IChildClip, public BE::
   bool IsMulticam() const override { return real->IsMulticam(); }
   bool IsSpeedChanged() const override { return RealChildClip().IsSpeedChanged(); }
   bool IsSequence() const override { return RealChildClip().IsSequence(); }
-  qelcore::Ref<BE::IMasterClip> GetMasterClip() const override {
-    return hasMasterClip ? RealChildClip().GetMasterClip() : qelcore::Ref<BE::IMasterClip>();
+  qelcore::Borrowed<BE::IMasterClip> GetMasterClip() const override {
+    return hasMasterClip ? RealChildClip().GetMasterClip() : qelcore::Borrowed<BE::IMasterClip>();
   }
   qelmediatypes::TickTime GetFrameDuration() const override {
     return frameDuration ? *frameDuration : real->GetFrameDuration();
   }
-  qelcore::Ref<BE::IMedia> GetMedia() const override {
-    return hasMedia ? real->GetMedia() : qelcore::Ref<BE::IMedia>();
+  qelcore::Borrowed<BE::IMedia> GetMedia() const override {
+    return hasMedia ? real->GetMedia() : qelcore::Borrowed<BE::IMedia>();
   }
   std::size_t GetComponentCount() const override {
     return components ? components->size() : RealComponents().GetComponentCount();
   }
-  qelcore::Ref<BE::IComponent> GetComponent(std::size_t index) const override {
-    return components ? components->at(index) : RealComponents().GetComponent(index);
+  qelcore::Borrowed<BE::IComponent> GetComponent(std::size_t index) const override {
+    if (components) return components->at(index);
+    return RealComponents().GetComponent(index);
   }
 
  private:
@@ -182,11 +183,13 @@ class TrackItem final : public Counted<BE::ITrackItem> {
   qelmediatypes::TickTime GetEnd() const override {
     return end ? *end : real ? real->GetEnd() : qelmediatypes::TickTime();
   }
-  qelcore::Ref<BE::IClip> GetClip() const override {
-    return clip ? *clip : real ? real->GetClip() : qelcore::Ref<BE::IClip>();
+  qelcore::Borrowed<BE::IClip> GetClip() const override {
+    if (clip) return *clip;
+    return real ? real->GetClip() : qelcore::Borrowed<BE::IClip>();
   }
-  qelcore::Ref<qelcore::IUnknown> GetTrack() const override {
-    return track ? *track : real ? real->GetTrack() : qelcore::Ref<qelcore::IUnknown>();
+  qelcore::Borrowed<qelcore::IUnknown> GetTrack() const override {
+    if (track) return *track;
+    return real ? real->GetTrack() : qelcore::Borrowed<qelcore::IUnknown>();
   }
 
  private:
