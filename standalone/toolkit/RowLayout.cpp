@@ -22,11 +22,6 @@ void RowLayout::SetRowHeight(float newHeight) noexcept {
   rowHeight = Limit(newHeight);
 }
 
-void RowLayout::Append(bool isHidden) {
-  if (isHidden) hidden.push_back(count);
-  ++count;
-}
-
 void RowLayout::Clear() noexcept {
   count = 0;
   hidden.clear();

@@ -22,7 +22,10 @@ class STANDALONE_API RowLayout {
   float GetRowHeight() const noexcept { return static_cast<float>(rowHeight); }
 
   /// Adds a row at the end; a hidden one takes no room. The row is not laid out before Update.
-  void Append(bool isHidden);
+  void Append(bool isHidden) {
+    if (isHidden) hidden.push_back(count);
+    ++count;
+  }
   /// Lays out the rows appended so far.
   void Update() noexcept { shownCount = count - hidden.size(); }
   void Clear() noexcept;

@@ -7,12 +7,7 @@ namespace standalone {
 
 namespace {
 
-constexpr std::size_t kWordBits = 64;
 constexpr std::uint64_t kAllBits = ~std::uint64_t{0};
-
-constexpr std::uint64_t MakeBit(std::size_t position) noexcept {
-  return std::uint64_t{1} << (position % kWordBits);
-}
 
 }  // namespace
 
@@ -24,11 +19,7 @@ bool RowSelection::Contains(std::size_t position) const noexcept {
 std::vector<std::size_t> RowSelection::GetPositions() const {
   std::vector<std::size_t> positions;
   positions.reserve(count);
-  for (std::size_t word = 0; word < bits.size(); ++word) {
-    for (std::uint64_t left = bits[word]; left != 0; left &= left - 1) {
-      positions.push_back(word * kWordBits + static_cast<std::size_t>(std::countr_zero(left)));
-    }
-  }
+  ForEach([&](std::size_t position) { positions.push_back(position); });
   return positions;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -17,6 +18,15 @@ class STANDALONE_API RowSelection {
   std::size_t Count() const noexcept { return count; }
   /// The selected positions, ascending.
   std::vector<std::size_t> GetPositions() const;
+  /// Calls `function(position)` for each of them.
+  template <typename Function>
+  void ForEach(Function&& function) const {
+    for (std::size_t word = 0; word < bits.size(); ++word) {
+      for (std::uint64_t left = bits[word]; left != 0; left &= left - 1) {
+        function(word * kWordBits + static_cast<std::size_t>(std::countr_zero(left)));
+      }
+    }
+  }
 
   /// Each of these tells whether the selection is another one now.
   bool Add(std::size_t position);
@@ -28,6 +38,12 @@ class STANDALONE_API RowSelection {
   friend STANDALONE_API bool operator==(const RowSelection& left, const RowSelection& right);
 
  private:
+  static constexpr std::size_t kWordBits = 64;
+
+  static constexpr std::uint64_t MakeBit(std::size_t position) noexcept {
+    return std::uint64_t{1} << (position % kWordBits);
+  }
+
   std::vector<std::uint64_t> bits;
   std::size_t count = 0;
 };

@@ -33,13 +33,14 @@ struct alignas(kChunkSize) RowStore::Chunk {
 RowStore::RowStore() = default;
 RowStore::~RowStore() = default;
 
-RowStore::Row* RowStore::Append() {
+void RowStore::EnterChunk() {
   static_assert(sizeof(Row) == 1 && sizeof(Chunk) == kChunkSize);
   if (count == chunks.size() * kRowsInChunk) {
     chunks.push_back(std::make_unique_for_overwrite<Chunk>());
     chunks.back()->header = {this, count};
   }
-  return At(count++);
+  nextRow = chunks[count / kRowsInChunk]->rows;
+  chunkEnd = nextRow + kRowsInChunk;
 }
 
 RowStore::Row* RowStore::At(std::size_t position) const noexcept {

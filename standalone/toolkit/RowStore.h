@@ -29,8 +29,15 @@ class STANDALONE_API RowStore {
   RowStore& operator=(const RowStore&) = delete;
 
   std::size_t Count() const noexcept { return count; }
-  Row* Append();
-  void Clear() noexcept { count = 0; }
+  Row* Append() {
+    if (nextRow == chunkEnd) EnterChunk();
+    ++count;
+    return nextRow++;
+  }
+  void Clear() noexcept {
+    count = 0;
+    nextRow = chunkEnd = nullptr;
+  }
 
   /// The row at a position, or null.
   Row* At(std::size_t position) const noexcept;
@@ -41,8 +48,14 @@ class STANDALONE_API RowStore {
  private:
   struct Chunk;
 
+  /// Goes on with the chunk that follows the rows so far.
+  void EnterChunk();
+
   std::vector<std::unique_ptr<Chunk>> chunks;
   std::size_t count = 0;
+  /// The rows that the chunk in use has left: a million are appended at a time.
+  Row* nextRow = nullptr;
+  Row* chunkEnd = nullptr;
 };
 
 }  // namespace standalone

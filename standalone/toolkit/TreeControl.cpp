@@ -74,7 +74,7 @@ bool Control::IsVisible(std::size_t position) const {
 std::vector<UI_MultiColumnTree::Row*> Control::GetSelectedRows() const {
   std::vector<Row*> selected;
   selected.reserve(selection.Count());
-  for (const std::size_t position : selection.GetPositions()) selected.push_back(rows.At(position));
+  selection.ForEach([&](std::size_t position) { selected.push_back(rows.At(position)); });
   return selected;
 }
 

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "standalone/window/Colors.h"
-#include "standalone/window/LineText.h"
 
 namespace standalone {
 
@@ -22,9 +21,28 @@ std::size_t CountBytesInReach(float width) {
 
 }  // namespace
 
+void PainterDrawbot::Confine(const QRect& area) {
+  Unconfine();
+  confines = area;
+}
+
+void PainterDrawbot::Unconfine() {
+  if (isClipping) painter.setClipping(false);
+  isClipping = false;
+  confines.reset();
+}
+
+void PainterDrawbot::ClipFor(const QRectF& drawn) {
+  if (isClipping || !confines || QRectF(*confines).contains(drawn)) return;
+  painter.setClipRect(*confines);
+  isClipping = true;
+}
+
 void PainterDrawbot::FillRect(const qelui::Rect& area, const qelui::ColorRGBA& color) {
   if (!(area.width > 0 && area.height > 0)) return;
-  painter.fillRect(QRectF(area.left, area.top, area.width, area.height), ToQColor(color));
+  const QRectF filled(area.left, area.top, area.width, area.height);
+  ClipFor(filled);
+  painter.fillRect(filled, ToQColor(color));
 }
 
 void PainterDrawbot::StrokeRect(const qelui::Rect& area, const qelui::ColorRGBA& color,
@@ -40,25 +58,31 @@ void PainterDrawbot::StrokeRect(const qelui::Rect& area, const qelui::ColorRGBA&
   FillRect({area.left, area.top + area.height - down, area.width, down}, color);
 }
 
+void PainterDrawbot::SetPen(const qelui::ColorRGBA& color) {
+  if (penColor == color) return;
+  painter.setPen(ToQColor(color));
+  penColor = color;
+}
+
 // On a whole pixel of the device, where the letters of all rows come out alike.
 qreal PainterDrawbot::FindBaseline(const QFontMetricsF& metrics, float centre) const {
-  const QTransform toDevice = painter.deviceTransform();
   const qreal baseline = centre + (metrics.ascent() - metrics.descent()) / 2;
+  const QTransform& toDevice = painter.deviceTransform();
   const qreal onDevice = baseline * toDevice.m22() + toDevice.dy();
   return baseline + (std::round(onDevice) - onDevice) / toDevice.m22();
 }
 
 void PainterDrawbot::DrawTextLine(const qelui::TextLine& line) {
-  if (line.text.Empty() || !(line.room.width > 0)) return;
-  const TextFont& font = fonts.Find(line.fontName);
-  DecodeLine(line.text.View().substr(0, CountBytesInReach(line.room.width)), text);
-  CutLine(text, font.metrics, line.room.width, line.ellipsis);
-  if (text.isEmpty()) return;
-  if (current != &font) painter.setFont(font.font);
-  current = &font;
-  const QColor color = ToQColor(line.color);
-  if (painter.pen().color() != color) painter.setPen(color);
-  painter.drawText(QPointF(line.room.left, FindBaseline(font.metrics, line.centre)), text);
+  const float width = line.room.width;
+  if (line.text.Empty() || !(width > 0)) return;
+  TextFont& font = fonts.Find(line.fontName);
+  const std::string_view inReach = line.text.View().substr(0, CountBytesInReach(width));
+  const ShapedLine& shaped = font.lines.Find(inReach, font, width, line.ellipsis);
+  if (shaped.runs.isEmpty()) return;
+  const QPointF begin(line.room.left, FindBaseline(font.metrics, line.centre));
+  ClipFor(shaped.ink.translated(begin));
+  SetPen(line.color);
+  for (const QGlyphRun& run : shaped.runs) painter.drawGlyphRun(begin, run);
 }
 
 }  // namespace standalone

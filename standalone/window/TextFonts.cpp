@@ -23,12 +23,12 @@ QFont MakeFont(const qelcore::UTF8String& name) {
 
 }  // namespace
 
-const TextFont& TextFonts::Find(const qelcore::UTF8String& name) {
+TextFont& TextFonts::Find(const qelcore::UTF8String& name) {
   for (const auto& entry : entries) {
     if (entry->name == name) return entry->font;
   }
   const QFont font = MakeFont(name);
-  entries.push_back(std::make_unique<Entry>(Entry{name, {font, QFontMetricsF(font)}}));
+  entries.push_back(std::make_unique<Entry>(Entry{name, {font, QFontMetricsF(font), {}}}));
   return entries.back()->font;
 }
 

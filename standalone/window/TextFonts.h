@@ -7,13 +7,15 @@
 
 #include "host/qelcore/UTF8String.h"
 #include "standalone/runtime/StandaloneAPI.h"
+#include "standalone/window/ShapedLines.h"
 
 namespace standalone {
 
-/// A font, and the measures of texts in it.
+/// A font, the measures of texts in it, and the lines drawn in it.
 struct TextFont {
   QFont font;
   QFontMetricsF metrics;
+  ShapedLines lines;
 };
 
 /// The fonts that controls name, each made once. The font of plain text is the application's; so is one
@@ -21,7 +23,7 @@ struct TextFont {
 class STANDALONE_API TextFonts {
  public:
   /// Valid until Clear.
-  const TextFont& Find(const qelcore::UTF8String& name);
+  TextFont& Find(const qelcore::UTF8String& name);
   /// The user chose another font for the application.
   void Clear() noexcept { entries.clear(); }
 

@@ -29,15 +29,27 @@ TreePainter::TreePainter(QPainter& painter, const Tree& tree, const ColumnSpans&
     : painter(painter), tree(tree), columns(columns), drawbot(painter, fonts), view(view) {}
 
 void TreePainter::Paint(const QRect& area) {
-  painter.fillRect(area, ToQColor(GetThemeColors().rowBackground));
-  const auto& control = tree.GetControl();
-  const std::int64_t scrollY = control.GetScrollPosition();
-  for (const std::size_t position : control.GetVisiblePositions()) {
-    const int top = static_cast<int>(control.GetTop(position) - scrollY);
-    const int bottom = static_cast<int>(control.GetTop(position + 1) - scrollY);
-    const QRect row(0, top, view.viewportWidth, bottom - top);
+  painter.translate(0, -view.headerHeight);
+  PaintRows(area.translated(0, view.headerHeight));
+  painter.translate(0, view.headerHeight);
+}
+
+void TreePainter::PaintRows(const QRect& area) {
+  QRect rest = area;
+  for (const std::size_t position : tree.GetControl().GetVisiblePositions()) {
+    const QRect row = FindRow(position);
     if (row.intersects(area)) PaintRow(position, row, area);
+    rest.setTop(row.bottom() + 1);
   }
+  if (!rest.isEmpty()) painter.fillRect(rest, ToQColor(GetThemeColors().rowBackground));
+}
+
+QRect TreePainter::FindRow(std::size_t position) const {
+  const auto& control = tree.GetControl();
+  const std::int64_t above = control.GetScrollPosition() - view.headerHeight;
+  const int top = static_cast<int>(control.GetTop(position) - above);
+  const int bottom = static_cast<int>(control.GetTop(position + 1) - above);
+  return {0, top, view.viewportWidth, bottom - top};
 }
 
 void TreePainter::PaintRow(std::size_t position, const QRect& row, const QRect& area) {
@@ -53,18 +65,14 @@ void TreePainter::PaintBackground(std::size_t position, const QRect& row) {
 }
 
 void TreePainter::PaintCells(Tree::Row* row, const QRect& rowArea, const QRect& area) {
-  // Cells are drawn in pixels of the control, whose top is the header row's.
-  painter.translate(0, -view.headerHeight);
   for (const ColumnSpan& column : columns.GetShown()) {
     const QRect cell(column.left - view.scrollX, rowArea.top(), column.width, rowArea.height());
     if (!cell.intersects(area)) continue;
-    const QRect inControl = cell.translated(0, view.headerHeight);
-    painter.setClipRect(inControl);
+    drawbot.Confine(cell);
     CallGuarded("drawing a cell",
-                [&] { tree.DrawCellOfRow(drawbot, row, column.displayIndex, ToRect(inControl)); });
+                [&] { tree.DrawCellOfRow(drawbot, row, column.displayIndex, ToRect(cell)); });
   }
-  painter.setClipping(false);
-  painter.translate(0, view.headerHeight);
+  drawbot.Unconfine();
 }
 
 void TreePainter::PaintCurrentFrame(const QRect& row) {

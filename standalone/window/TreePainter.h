@@ -37,6 +37,9 @@ class STANDALONE_API TreePainter {
   void Paint(const QRect& area);
 
  private:
+  // In pixels of the control, whose top is the header row's.
+  void PaintRows(const QRect& area);
+  QRect FindRow(std::size_t position) const;
   void PaintRow(std::size_t position, const QRect& row, const QRect& area);
   void PaintBackground(std::size_t position, const QRect& row);
   void PaintCells(Tree::Row* row, const QRect& rowArea, const QRect& area);

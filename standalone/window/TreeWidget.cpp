@@ -81,9 +81,12 @@ TreeWidget::~TreeWidget() {
 }
 
 void TreeWidget::FollowSoon() {
+  // Follow has all drawn anew; a program that selects a thousand rows comes here as often.
+  if (isFollowPending) return;
   viewport()->update();
   header->viewport()->update();
-  if (isFollowing || std::exchange(isFollowPending, true)) return;
+  if (isFollowing) return;
+  isFollowPending = true;
   QMetaObject::invokeMethod(
       this, [this] { Follow(); }, Qt::QueuedConnection);
 }

@@ -45,6 +45,24 @@ TEST_F(PaintCost, AMillionRowsCostAPaintAsMuchAsAThousand) {
   EXPECT_LE(few.cells, 33U);
 }
 
+TEST_F(PaintCost, TextsThatWereDrawnBeforeAreNotShapedAgain) {
+  const auto tree = MakeTree(1000);
+  const auto widget = Show(tree);
+  QImage image(widget->viewport()->size(), QImage::Format_RGB32);
+  widget->viewport()->render(&image);
+  const auto count = [&] {
+    const scaling::AllocationWatch watch;
+    widget->viewport()->render(&image);
+    return watch.Take().count;
+  };
+  const std::uint64_t known = count();
+  widget->verticalScrollBar()->setValue(10'000);
+  Settle();
+  tree->GetControl().ScrollTo(5'000);
+  EXPECT_GT(count(), 2 * known);
+  EXPECT_EQ(count(), known);
+}
+
 TEST_F(PaintCost, OnlyTheColumnsInViewAreDrawn) {
   const auto tree = MakeTree(1000);
   std::size_t cells = 0;

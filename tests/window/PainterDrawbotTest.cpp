@@ -165,6 +165,47 @@ TEST_P(OnPaper, EachTextHasItsOwnColour) {
   EXPECT_GT(paper.Count(qRgb(0, 0, 255)), 0);
 }
 
+TEST_P(OnPaper, ATextThatWasDrawnBeforeIsDrawnAlike) {
+  TextFonts fonts;
+  const auto draw = [&] {
+    paper.image.fill(Qt::white);
+    QPainter painter(&paper.image);
+    PainterDrawbot drawbot(painter, fonts);
+    drawbot.DrawTextLine(MakeLine("A text that is much too long", {10, 0, 60, 60}));
+    drawbot.DrawTextLine(MakeLine("A text", {10, 0, 60, 60}, 10));
+    return paper.image.copy();
+  };
+  const QImage first = draw();
+  EXPECT_EQ(draw(), first);
+}
+
+TEST_P(OnPaper, NothingIsDrawnBeyondTheConfines) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    drawbot.Confine({20, 20, 30, 20});
+    drawbot.FillRect({0, 0, 100, 60}, kRed);
+    drawbot.StrokeRect({0, 0, 100, 60}, kRed, 5);
+    drawbot.DrawTextLine(MakeLine("MMMMMMMM", {10, 0, 80, 60}, 20));
+  });
+  EXPECT_EQ(paper.FindInk(), OnDevice(20, 20, 30, 20));
+}
+
+TEST_P(OnPaper, ConfinesHoldUntilOthersAreSet) {
+  paper.Draw([](PainterDrawbot& drawbot) {
+    drawbot.Confine({20, 20, 30, 20});
+    drawbot.FillRect({10, 10, 60, 40}, kRed);
+    drawbot.FillRect({30, 25, 5, 5}, kBlue);
+    drawbot.FillRect({10, 10, 60, 40}, kBlack);
+    drawbot.Confine({60, 20, 10, 10});
+    drawbot.FillRect({60, 20, 10, 10}, kBlue);
+    drawbot.Unconfine();
+    drawbot.FillRect({0, 0, 5, 5}, kBlue);
+  });
+  const int perPixel = GetParam() * GetParam();
+  EXPECT_EQ(paper.Count(qRgb(0, 0, 0)), 30 * 20 * perPixel);
+  EXPECT_EQ(paper.Count(qRgb(0, 0, 255)), (10 * 10 + 5 * 5) * perPixel);
+  EXPECT_EQ(paper.Count(qRgb(255, 0, 0)), 0);
+}
+
 TEST(TextFonts, PlainTextIsInTheApplicationsFont) {
   const SteppedHost host;
   TextFonts fonts;
