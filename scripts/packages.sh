@@ -2,7 +2,7 @@
 
 sequence_index_packages="g++ cmake ninja-build ccache rapidjson-dev libcli11-dev libzip-dev libutf8proc-dev \
 libfontconfig-dev libavformat-dev libavcodec-dev libavutil-dev \
-qt6-base-dev fonts-dejavu-core fonts-droid-fallback libgtest-dev libgmock-dev binutils \
+qt6-base-dev fonts-dejavu-core fonts-droid-fallback libgtest-dev libgmock-dev libbenchmark-dev valgrind binutils \
 python3 xvfb xauth xdotool imagemagick"
 
 # Prints those of the named packages that are not installed.

@@ -43,6 +43,10 @@ bool IsPlain(char byte) {
   return byte >= ' ' && byte <= '~';
 }
 
+bool IsPlainText(std::string_view text) {
+  return std::ranges::all_of(text, &IsPlain);
+}
+
 bool IsWithin(utf8proc_int32_t value, utf8proc_int32_t first, utf8proc_int32_t last) {
   return value >= first && value <= last;
 }
@@ -133,7 +137,7 @@ TextBeginning ReadCluster(std::string_view text) {
 }  // namespace
 
 std::string_view MakeShowable(std::string_view text, std::string& buffer) {
-  if (std::ranges::all_of(text, &IsPlain)) return text;
+  if (IsPlainText(text)) return text;
   buffer.clear();
   while (!text.empty()) {
     const CodePoint next = ReadCodePoint(text);
@@ -157,7 +161,7 @@ std::string BlankControls(std::string_view text) {
 }
 
 std::size_t CountColumns(std::string_view showable) {
-  if (std::ranges::all_of(showable, &IsPlain)) return showable.size();
+  if (IsPlainText(showable)) return showable.size();
   std::size_t columns = 0;
   while (!showable.empty()) {
     const TextBeginning cluster = ReadCluster(showable);
@@ -165,6 +169,12 @@ std::size_t CountColumns(std::string_view showable) {
     showable.remove_prefix(cluster.bytes);
   }
   return columns;
+}
+
+MeasuredText MeasureShowable(std::string_view text, std::string& buffer) {
+  if (IsPlainText(text)) return {text, text.size()};
+  const std::string_view showable = MakeShowable(text, buffer);
+  return {showable, CountColumns(showable)};
 }
 
 TextBeginning FitIntoColumns(std::string_view showable, std::size_t room) {

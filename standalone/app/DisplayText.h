@@ -20,6 +20,15 @@ std::string BlankControls(std::string_view text);
 /// characters and for emoji, however many characters an emoji is made of.
 std::size_t CountColumns(std::string_view showable);
 
+/// A showable text and the columns that it takes.
+struct MeasuredText {
+  std::string_view text;
+  std::size_t columns = 0;
+};
+
+/// MakeShowable and CountColumns in one: most texts need only one look.
+MeasuredText MeasureShowable(std::string_view text, std::string& buffer);
+
 /// The beginning of a text.
 struct TextBeginning {
   std::size_t bytes = 0;

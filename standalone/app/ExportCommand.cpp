@@ -7,6 +7,7 @@
 
 #include "host/qelcore/Exceptions.h"
 #include "standalone/app/CommandError.h"
+#include "standalone/app/CommandMemory.h"
 #include "standalone/app/DocumentReading.h"
 #include "standalone/app/IndexSession.h"
 #include "standalone/app/PanelSetUp.h"
@@ -61,6 +62,7 @@ void ExportToStandardOutput(IndexSession& session) {
 }  // namespace
 
 void RunExport(const ExportArguments& arguments) {
+  KeepMemoryBetweenSteps();
   try {
     const bool isStream = arguments.output == kStream;
     const fs::path path = isStream ? fs::path() : ResolveOutput(arguments);

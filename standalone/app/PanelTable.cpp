@@ -51,15 +51,11 @@ TableCell PanelTable::ReadCell(std::size_t row, std::size_t column) {
     tree.DrawCellOfRow(drawbot, tree.GetRow(row), place.displayIndex, {0, 0, place.pixels, kRowHeight});
   });
   TableCell cell;
-  if (!drawbot.GetFills().empty()) {
-    cell.swatch = UIF::QELConversionUtilities::QELColorRGBAtoZSLColor(drawbot.GetFills().back().color);
+  if (drawbot.GetFill()) {
+    cell.swatch = UIF::QELConversionUtilities::QELColorRGBAtoZSLColor(*drawbot.GetFill());
   }
-  if (!drawbot.GetTextLines().empty()) {
-    const qelui::TextLine& line = drawbot.GetTextLines().back();
-    text = line.text;
-    cell.text = text;
-    cell.isAlert = line.color == kRed;
-  }
+  cell.text = drawbot.GetText();
+  cell.isAlert = !cell.text.empty() && drawbot.GetTextColor() == kRed;
   return cell;
 }
 

@@ -4,10 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "host/qelcore/UTF8String.h"
 #include "host/qelui/MultiColumnTree.h"
+#include "standalone/app/CellDrawbot.h"
 #include "standalone/app/TableSource.h"
-#include "standalone/toolkit/RecordingDrawbot.h"
 
 namespace standalone {
 
@@ -33,9 +32,8 @@ class PanelTable final : public TableSource {
   const qelui::controls::UI_MultiColumnTree& tree;
   std::vector<TableColumn> columns;
   std::vector<Place> places;
-  RecordingDrawbot drawbot;
   /// Keeps the text of the cell read last.
-  qelcore::UTF8String text;
+  CellDrawbot drawbot;
 };
 
 }  // namespace standalone

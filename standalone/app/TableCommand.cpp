@@ -5,6 +5,7 @@
 #include <string>
 
 #include "standalone/app/CommandError.h"
+#include "standalone/app/CommandMemory.h"
 #include "standalone/app/DisplayText.h"
 #include "standalone/app/IndexSession.h"
 #include "standalone/app/PanelSetUp.h"
@@ -99,6 +100,7 @@ bool IsThere(const std::string& word) {
 }  // namespace
 
 bool RunTable(const TableArguments& arguments) {
+  KeepMemoryBetweenSteps();
   DocumentReader reader(arguments.options.reading);
   TablePrinter printer(arguments);
   bool areAllShown = true;

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/app/ColumnWidths.h"
+#include "standalone/app/KeptCells.h"
 #include "standalone/app/TableLine.h"
 #include "standalone/app/TableSource.h"
 #include "standalone/app/Terminal.h"
@@ -16,8 +18,9 @@ namespace standalone {
 /// Takes lines, each with its line break.
 using LineSink = std::function<void(std::string_view line)>;
 
-/// Lays a table out as aligned lines of text: a header, then a line for each row. Rows are read once to
-/// measure them and once to print them, and never kept.
+/// Lays a table out as aligned lines of text: a header, then a line for each row. Cells are read to
+/// measure them and kept until they are printed; those of a very long table's end are read once more
+/// instead.
 class TextTable {
  public:
   /// Measures all cells. `source` is not owned. `room` is the width of the screen in columns (none:
@@ -30,25 +33,30 @@ class TextTable {
 
  private:
   bool IsColored() const { return colors != ColorDepth::kNone; }
-  std::size_t MeasureTitle(const TableColumn& column);
-  std::size_t MeasureCell(const TableCell& cell);
   std::string_view GetTitle(const TableColumn& column) const;
-  std::string_view GetText(const TableCell& cell);
+  std::size_t MeasureTitle(const TableColumn& column);
+  /// The width that each column would like, for which all cells are read.
+  std::vector<WantedWidth> MeasureColumns();
+  /// A cell from the source.
+  ShowableCell ReadCell(std::size_t row, std::size_t column);
+  /// A cell that was kept, else from the source.
+  ShowableCell GetCell(std::size_t row, std::size_t column);
 
   std::string_view MakeHeaderLine();
   std::string_view MakeRowLine(std::size_t row);
-  void AddCell(const TableCell& cell, std::size_t column);
+  void AddCell(const ShowableCell& cell, std::size_t column);
   /// Adds a text, cut or filled to the width of its column.
-  void AddText(std::string_view text, std::size_t column, TextStyle style);
+  void AddText(const ShowableCell& cell, std::size_t column, TextStyle style);
   void AddCutText(std::string_view showable, std::size_t width, TextStyle style);
   void AddGapBefore(std::size_t column);
 
   TableSource& source;
   const ColorDepth colors;
-  std::vector<std::size_t> widths;
-  TableLine line;
   /// Room for one text at a time.
   std::string buffer;
+  KeptCells kept;
+  const std::vector<std::size_t> widths;
+  TableLine line;
 };
 
 }  // namespace standalone

@@ -1,10 +1,9 @@
 #include "standalone/app/WindowCommand.h"
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <exception>
 #include <string>
 
 #include "standalone/app/CommandError.h"
@@ -21,16 +20,13 @@ constexpr const char* kLibrary = "libsequence_index_window.so";
 /// Each of these says where windows are shown.
 constexpr std::array kDisplayVariables = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
 
-/// Stays in the process: what it loads does not like to leave.
 RunDesktopFunction LoadWindowLibrary() {
-  const std::string path = FindInstalledLibrary(kLibrary).native();
-  void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-  void* const symbol = library == nullptr ? nullptr : dlsym(library, kRunDesktopSymbol);
-  if (symbol == nullptr) {
-    throw CommandError("The window can't be opened: " + std::string(dlerror()) +
+  try {
+    return reinterpret_cast<RunDesktopFunction>(LoadInstalledEntry(kLibrary, kRunDesktopSymbol));
+  } catch (const std::exception& failure) {
+    throw CommandError("The window can't be opened: " + std::string(failure.what()) +
                        "; the command \"table\" works without one.");
   }
-  return reinterpret_cast<RunDesktopFunction>(symbol);
 }
 
 }  // namespace

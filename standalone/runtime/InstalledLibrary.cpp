@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 
+#include <stdexcept>
+#include <string>
 #include <system_error>
 
 namespace standalone {
@@ -30,6 +32,15 @@ fs::path FindInstalledLibrary(const char* fileName) {
   std::error_code ignored;
   if (!folder.empty() && fs::exists(folder / fileName, ignored)) return folder / fileName;
   return GetFolderOfHostLibrary() / fileName;
+}
+
+void* LoadInstalledEntry(const char* fileName, const char* entryName) {
+  const std::string path = FindInstalledLibrary(fileName).native();
+  void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  void* const entry = library == nullptr ? nullptr : dlsym(library, entryName);
+  if (entry != nullptr) return entry;
+  const char* const reason = dlerror();
+  throw std::runtime_error(reason == nullptr ? path + ": unknown reason" : reason);
 }
 
 }  // namespace standalone

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <mutex>
 #include <new>
 #include <utility>
+
+#include "standalone/runtime/LargePages.h"
 
 namespace standalone {
 
@@ -24,7 +27,8 @@ namespace {
 
 constexpr std::size_t kStep = 16;  // Also the alignment of every block.
 constexpr std::size_t kClasses = kLargestRecycledBlock / kStep;
-constexpr std::size_t kSlabBytes = 65536;
+constexpr std::size_t kFirstSlabBytes = 65536;
+constexpr std::size_t kLargestSlabBytes = 2 * kLargePage;
 constexpr std::uint32_t kBatch = 32;         // Blocks that move between a thread and the store.
 constexpr std::uint32_t kKept = 2 * kBatch;  // Blocks of a size that a thread keeps at most.
 
@@ -52,6 +56,22 @@ struct FreeList {
     for (; blocks > 0 && first != nullptr; --blocks) other.Push(Pop());
   }
 };
+
+bool LiesOnLargePages(std::size_t bytes) {
+  return bytes >= 2 * kLargePage;
+}
+
+void* TakeLargeBlock(std::size_t bytes) {
+  if (!LiesOnLargePages(bytes)) return ::operator new(bytes);
+  void* const block = ::operator new(bytes, std::align_val_t(kLargePage));
+  PreferLargePages(block, bytes);
+  return block;
+}
+
+void GiveLargeBlockBack(void* block, std::size_t bytes) noexcept {
+  if (!LiesOnLargePages(bytes)) return ::operator delete(block);
+  ::operator delete(block, std::align_val_t(kLargePage));
+}
 
 std::size_t ClassOf(std::size_t bytes) {
   return bytes == 0 ? 0 : (bytes - 1) / kStep;
@@ -91,15 +111,20 @@ class BlockStore {
     }
   }
 
+  /// Slabs grow with what is taken, so that a short timeline takes little and a long one few.
   void AddSlab() {
-    slabNext = static_cast<unsigned char*>(::operator new(kSlabBytes));
-    slabEnd = slabNext + kSlabBytes;
+    slabNext = static_cast<unsigned char*>(TakeLargeBlock(slabBytes));
+    slabEnd = slabNext + slabBytes;
+    slabTotal += slabBytes;
+    slabBytes = std::clamp(std::bit_floor(slabTotal / 4), kFirstSlabBytes, kLargestSlabBytes);
   }
 
   std::mutex mutex;
   std::array<FreeList, kClasses> lists;
   unsigned char* slabNext = nullptr;
   unsigned char* slabEnd = nullptr;
+  std::size_t slabBytes = kFirstSlabBytes;
+  std::size_t slabTotal = 0;
 };
 
 // Outlives ThreadBlocks within the thread, as it has no destructor.
@@ -139,14 +164,14 @@ void GiveToStore(void* block, std::size_t sizeClass) noexcept {
 }  // namespace
 
 void* TakeBlock(std::size_t bytes) {
-  if (bytes > kLargestRecycledBlock) return ::operator new(bytes);
+  if (bytes > kLargestRecycledBlock) return TakeLargeBlock(bytes);
   const std::size_t sizeClass = ClassOf(bytes);
   if (threadBlocksAreGone) return TakeFromStore(sizeClass);
   return TakeFrom(threadBlocks.lists[sizeClass], sizeClass);
 }
 
 void GiveBlockBack(void* block, std::size_t bytes) noexcept {
-  if (bytes > kLargestRecycledBlock) return ::operator delete(block);
+  if (bytes > kLargestRecycledBlock) return GiveLargeBlockBack(block, bytes);
   const std::size_t sizeClass = ClassOf(bytes);
   if (threadBlocksAreGone) return GiveToStore(block, sizeClass);
   FreeList& list = threadBlocks.lists[sizeClass];

@@ -40,6 +40,7 @@ class ReplacedFile {
   /// `old` is the target that is replaced, or null.
   void OpenTemporary(const struct stat* old);
   void InheritFrom(const struct stat& old);
+  void TakeRoom(std::size_t size);
   void Sync();
   void CloseDescriptor();
   [[noreturn]] void Fail(int error) const;

@@ -89,9 +89,12 @@ UTF8String ToSingleLine(const UTF8String& text, std::size_t maximumCharacters) {
 }
 
 UTF8String UTF16to8(std::u16string_view text) {
-  std::string result;
+  // Most texts are ASCII from one end to the other.
+  const auto isASCII = [](char16_t unit) { return unit < 0x80; };
+  const auto other = std::ranges::find_if_not(text, isASCII);
+  std::string result(text.begin(), other);
   result.reserve(text.size());
-  for (std::size_t position = 0; position < text.size();) {
+  for (auto position = static_cast<std::size_t>(other - text.begin()); position < text.size();) {
     AppendUTF8(result, NextCharacter(text, position));
   }
   return UTF8String(result);

@@ -14,6 +14,8 @@ class BackwardText {
 
   /// With zeros in front of the number up to `leastDigits`.
   void PutNumber(std::uint64_t number, unsigned leastDigits) {
+    // Most numbers of times: two digits, whose places are known.
+    if (leastDigits == 2 && number < 100) return PutTwoDigits(static_cast<unsigned>(number));
     for (unsigned digits = 0; digits < leastDigits || number != 0; ++digits) {
       Put(static_cast<char>('0' + number % 10));
       number /= 10;
@@ -26,6 +28,11 @@ class BackwardText {
   }
 
  private:
+  void PutTwoDigits(unsigned number) {
+    Put(static_cast<char>('0' + number % 10));
+    Put(static_cast<char>('0' + number / 10));
+  }
+
   // The longest text is a time: a sign, three separators, and at most twenty digits each for hours and
   // frames.
   std::array<char, 64> characters;

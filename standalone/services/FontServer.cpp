@@ -1,14 +1,18 @@
 #include "host/KTEWrapper/FontServer.h"
 
-#include <fontconfig/fontconfig.h>
-
-#include <memory>
+#include <exception>
 #include <string>
 #include <unordered_set>
+
+#include "host/qelcore/Exceptions.h"
+#include "standalone/runtime/InstalledLibrary.h"
+#include "standalone/services/FontLibrary.h"
 
 namespace KTEWrapper {
 namespace {
 
+using standalone::kFontLibraryName;
+using standalone::ListFontsEntry;
 using FontNames = std::unordered_set<std::string>;
 
 std::string LowerCase(std::string_view name) {
@@ -19,10 +23,14 @@ std::string LowerCase(std::string_view name) {
   return lower;
 }
 
-void AddNames(FontNames& names, const FcPattern* font, const char* property) {
-  FcChar8* name = nullptr;
-  for (int i = 0; FcPatternGetString(font, property, i, &name) == FcResultMatch; ++i) {
-    names.insert(LowerCase(reinterpret_cast<const char*>(name)));
+ListFontsEntry LoadFontLibrary() {
+  try {
+    return reinterpret_cast<ListFontsEntry>(
+        standalone::LoadInstalledEntry(kFontLibraryName, standalone::kListFontsEntryName));
+  } catch (const std::exception& failure) {
+    throw qelcore::config::qel_exception(
+        qelcore::config::ExceptionKind::kGeneric,
+        "The installed fonts can't be listed: " + std::string(failure.what()), kFontLibraryName);
   }
 }
 
@@ -30,21 +38,10 @@ void AddNames(FontNames& names, const FcPattern* font, const char* property) {
 /// a missing font: there is a best match for any name.
 FontNames ReadInstalledFonts() {
   FontNames names;
-  const std::unique_ptr<FcConfig, decltype(&FcConfigDestroy)> config(FcInitLoadConfigAndFonts(),
-                                                                     &FcConfigDestroy);
-  const std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)> every(FcPatternCreate(),
-                                                                      &FcPatternDestroy);
-  const std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)> properties(
-      FcObjectSetBuild(FC_FAMILY, FC_FULLNAME, FC_POSTSCRIPT_NAME, nullptr), &FcObjectSetDestroy);
-  if (!config || !every || !properties) return names;
-  const std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)> fonts(
-      FcFontList(config.get(), every.get(), properties.get()), &FcFontSetDestroy);
-  if (!fonts) return names;
-  for (int i = 0; i < fonts->nfont; ++i) {
-    for (const char* property : {FC_FAMILY, FC_FULLNAME, FC_POSTSCRIPT_NAME}) {
-      AddNames(names, fonts->fonts[i], property);
-    }
-  }
+  const auto add = [](void* all, const char* name) {
+    static_cast<FontNames*>(all)->insert(LowerCase(name));
+  };
+  LoadFontLibrary()(add, &names);
   return names;
 }
 

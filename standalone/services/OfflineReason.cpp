@@ -8,7 +8,7 @@ constexpr const char* kFileNotFoundKey = "$$$/Standalone/Media/FileNotFound=Medi
 
 }  // namespace
 
-qelcore::UTF8String GetOfflineReasonDescription(const qelcore::Ref<BE::IOfflineReason>& reason) {
+qelcore::UTF8String GetOfflineReasonDescription(qelcore::Borrowed<BE::IOfflineReason> reason) {
   if (!reason) return {};
   const qelcore::UTF8String description = reason->GetDescription();
   return description.Empty() ? qelcore::config::Localizer::Get().Localize(kFileNotFoundKey)

@@ -1,6 +1,5 @@
 #include "host/UIF/QELConversionUtilities.h"
 
-#include <cmath>
 #include <cstdint>
 
 namespace UIF::QELConversionUtilities {
@@ -11,7 +10,8 @@ constexpr float kHighest = 255.0F;
 std::uint8_t ToByte(float channel) noexcept {
   if (!(channel > 0.0F)) return 0;  // NaN is not above 0 either.
   if (channel >= 1.0F) return static_cast<std::uint8_t>(kHighest);
-  return static_cast<std::uint8_t>(std::lround(channel * kHighest));
+  // In double precision the sum is exact, so that this rounds as std::lround does, without its call.
+  return static_cast<std::uint8_t>(static_cast<double>(channel * kHighest) + 0.5);
 }
 
 float ToFloat(std::uint8_t channel) noexcept {

@@ -134,9 +134,9 @@ std::optional<TimelineItem> TimelineContent::GetItem(std::size_t lane, std::size
   item.start = node.GetStart();
   item.end = node.GetEnd();
   item.trackItem = qelcore::Ref<BE::ITrackItem>(&node);
-  const auto clip = FindClipNode(item.trackItem);
-  item.isGap = !clip;
-  if (!clip) return item;
+  const ClipNode* const clip = node.GetClipNode();
+  item.isGap = clip == nullptr;
+  if (clip == nullptr) return item;
   const ClipNode::Values& values = clip->GetValues();
   item.isDisabled = values.isDisabled;
   item.isOffline = values.media->IsOffline();

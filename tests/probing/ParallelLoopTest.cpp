@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <barrier>
+#include <chrono>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -69,9 +70,16 @@ TEST(ParallelLoops, EndWhenTheCallerSaysSo) {
 TEST(ParallelLoops, AFailureEndsTheLoopAndLeavesIt) {
   ThreadPool pool(2);
   std::atomic<int> calls{0};
+  std::atomic<bool> hasFailed{false};
+  // The others wait until the failure is under way, so that they cannot have done everything before.
   const auto body = [&](std::size_t i) {
     ++calls;
-    if (i == 3) throw std::runtime_error("disk on fire");
+    if (i == 3) {
+      hasFailed = true;
+      throw std::runtime_error("disk on fire");
+    }
+    while (i > 3 && !hasFailed) std::this_thread::yield();
+    if (i > 3) std::this_thread::sleep_for(std::chrono::microseconds(10));
   };
   EXPECT_THROW(ParallelLoop::Run({100'000, body, {}}, &pool, 2), std::runtime_error);
   EXPECT_LT(calls, 100'000);

@@ -105,5 +105,15 @@ TEST(DisplayText, AnyBytesAreShowableAndWhatFitsIsAsWideAsItSays) {
   }
 }
 
+TEST(MeasureShowable, IsTheSameAsBothStepsOneByOne) {
+  std::string buffer;
+  std::string other;
+  for (const char* text : {"", "Ferry", "two\nlines", "渡し船", "Cafe\u0301", "\xFF"}) {
+    const MeasuredText measured = MeasureShowable(text, buffer);
+    EXPECT_EQ(measured.text, MakeShowable(text, other));
+    EXPECT_EQ(measured.columns, CountColumns(measured.text));
+  }
+}
+
 }  // namespace
 }  // namespace standalone

@@ -26,13 +26,17 @@ class WrittenTable final : public TableSource {
   std::size_t CountRows() const override { return rows.size(); }
   TableCell ReadCell(std::size_t row, std::size_t column) override {
     const Cell& cell = rows[row][column];
+    ++readCells;
     lastText = cell.text;
     return {lastText, cell.isAlert, cell.swatch};
   }
 
+  std::size_t CountReadCells() const { return readCells; }
+
  private:
   std::vector<TableColumn> columns;
   std::vector<std::vector<Cell>> rows;
+  std::size_t readCells = 0;
   /// One text at a time, as promised.
   std::string lastText;
 };
@@ -194,6 +198,27 @@ TEST(TextTable, NoLineIsWiderThanTheRoomWhateverTheTexts) {
       ASSERT_EQ(text.find(" \n"), std::string::npos) << text;
     }
   }
+}
+
+TEST(TextTable, EachCellIsReadOnce) {
+  WrittenTable table({MakeNumber("#"), MakeText("Clip Name"), MakeSwatch("Label Color")});
+  for (int i = 0; i < 100; ++i) table.AddRow({{"1"}, {"Ferry"}, {"", false, ZSL::Color{1, 2, 3}}});
+  Print(table);
+  EXPECT_EQ(table.CountReadCells(), 300U);
+}
+
+TEST(TextTable, WhatIsTooMuchToKeepIsReadOnceMore) {
+  constexpr std::size_t kLong = std::size_t{20} << 20;
+  WrittenTable table({MakeText("Clip Name"), MakeText("Track")});
+  table.AddRow({{"Ferry"}, {"V1"}});
+  table.AddRow({{std::string(kLong, 'x')}, {"V2"}});
+  table.AddRow({{"Harbour"}, {"V3"}});
+  EXPECT_EQ(Print(table, 20),
+            "Clip Name      Track\n"
+            "Ferry          V1\n"
+            "xxxxxxxxxxxx…  V2\n"
+            "Harbour        V3\n");
+  EXPECT_EQ(table.CountReadCells(), 6U + 4U);
 }
 
 }  // namespace

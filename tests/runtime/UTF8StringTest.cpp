@@ -97,4 +97,23 @@ TEST(UTF8StringStream, CollectsBytesInOrder) {
   EXPECT_EQ(stream.str(), std::string("Name,a\0b\n", 9));
 }
 
+TEST(UTF8StringStream, AnEmptyOneHasNoBytes) {
+  qelcore::oUTF8StringStream stream;
+  EXPECT_EQ(stream.str(), "");
+  stream << "" << std::string_view();
+  EXPECT_EQ(stream.str(), "");
+}
+
+TEST(UTF8StringStream, KeepsAllBytesWhileItGrows) {
+  qelcore::oUTF8StringStream stream;
+  std::string wanted;
+  // From a few bytes to several times what is moved at once.
+  for (std::size_t length = 1; wanted.size() < (std::size_t{20} << 20U); length = length * 3 + 1) {
+    const std::string text(length, static_cast<char>('a' + length % 26));
+    stream << text << '\n';
+    wanted.append(text).push_back('\n');
+    ASSERT_TRUE(stream.str() == wanted) << wanted.size();
+  }
+}
+
 }  // namespace
