@@ -27,6 +27,13 @@ void PlaceRows(TrackItemDataList& rows, const RowOrderKeys& keys) {
   rows = std::move(ordered);
 }
 
+bool AreInPlace(const RowOrderKeys& keys) noexcept {
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    if (keys[i].position != i) return false;
+  }
+  return true;
+}
+
 void NumberRows(TrackItemDataList& rows) noexcept {
   std::uint64_t index = 0;
   for (TrackItemRowData& row : rows) row.index = index++;
@@ -34,10 +41,15 @@ void NumberRows(TrackItemDataList& rows) noexcept {
 
 }  // namespace
 
-void OrderAndNumberRows(TrackItemDataList& rows) {
+RowOrderKeys FindRowOrder(const TrackItemDataList& rows) {
   auto keys = MakeKeys(rows);
-  if (std::ranges::is_sorted(keys, RowOrderLess())) return NumberRows(rows);
   SortRowOrderKeys(keys);
+  return keys;
+}
+
+void OrderAndNumberRows(TrackItemDataList& rows) {
+  const RowOrderKeys keys = FindRowOrder(rows);
+  if (AreInPlace(keys)) return NumberRows(rows);
   PlaceRows(rows, keys);
 }
 

@@ -70,6 +70,10 @@ void SortRowOrderKeys(RowOrderKeys& keys, Less isLess = Less()) {
   }
 }
 
+/// The keys of rows in the one order of the table; equal ones as they stand now. [any-thread] Throws:
+/// std::bad_alloc.
+RowOrderKeys FindRowOrder(const TrackItemDataList& rows);
+
 /// Puts rows into the one order of the table, by time on the timeline, and numbers them from 0.
 /// Changes nothing of a row but its `index`. [any-thread] Throws: std::bad_alloc, with the rows as
 /// they were.

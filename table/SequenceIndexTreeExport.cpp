@@ -1,4 +1,7 @@
+#include <cstddef>
 #include <cstdint>
+#include <future>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +23,8 @@ using qelcore::filesupport::OPlatformByteStream;
 using qelui::controls::UI_MultiColumnTreeHeaderRow;
 
 constexpr bool kFailIfExists = false;
+/// To start a thread takes about as long as to write a hundred rows.
+constexpr std::size_t kRowsForTwoThreads = 4096;
 
 std::vector<ColumnID> GetDisplayedColumns(const UI_MultiColumnTreeHeaderRow& headerRow) {
   std::vector<ColumnID> columns(headerRow.GetCountOfColumns());
@@ -42,6 +47,32 @@ void AppendLine(qelcore::oUTF8StringStream& stream, const std::vector<ColumnID>&
     if (IsExportedColumn(columns[i])) AppendCSVField(stream, getText(columns[i], i), i, columns.size());
   }
   EndCSVLine(stream);
+}
+
+using RowSpan = std::span<const TrackItemRowData>;
+
+void AppendRows(qelcore::oUTF8StringStream& stream, const std::vector<ColumnID>& columns, RowSpan rows,
+                qelmediatypes::TickTime zeroPoint) {
+  FieldTexts fields(zeroPoint);
+  for (const TrackItemRowData& row : rows) {
+    fields.SetRow(row);
+    AppendLine(stream, columns, [&](ColumnID column, std::size_t) { return fields.Get(column); });
+  }
+}
+
+// Long tables are written by two threads, half the rows each. The second is no thread of the host's
+// pool, where a build may be waiting for the mutex that the export holds.
+void AppendAllRows(qelcore::oUTF8StringStream& stream, const std::vector<ColumnID>& columns,
+                   RowSpan rows, qelmediatypes::TickTime zeroPoint) {
+  if (rows.size() < kRowsForTwoThreads) return AppendRows(stream, columns, rows, zeroPoint);
+  const std::size_t half = rows.size() / 2;
+  qelcore::oUTF8StringStream rest;
+  // Where the system has no thread left, the rest is written when it is asked for.
+  auto writing = std::async(std::launch::async | std::launch::deferred,
+                            [&] { AppendRows(rest, columns, rows.subspan(half), zeroPoint); });
+  AppendRows(stream, columns, rows.first(half), zeroPoint);
+  writing.get();
+  stream << rest.str();
 }
 
 void WriteWholeFile(File& file, std::string_view text) {
@@ -67,11 +98,7 @@ bool SequenceIndexTree::ExportSequenceIndexToCSV(const qelcore::UTF8String& path
   AppendLine(text, columns, [&](ColumnID column, std::size_t displayIndex) {
     return GetHeaderText(*headerRow, column, displayIndex);
   });
-  FieldTexts fields(BE::SequenceUtils::GetZeroPoint(sequence));
-  for (const TrackItemRowData& row : currentFilteredList) {
-    fields.SetRow(row);
-    AppendLine(text, columns, [&](ColumnID column, std::size_t) { return fields.Get(column); });
-  }
+  AppendAllRows(text, columns, currentFilteredList, BE::SequenceUtils::GetZeroPoint(sequence));
   WriteWholeFile(file, text.str());
   return true;
 }

@@ -36,7 +36,15 @@ QtFilter::QtFilter(QtTable& table, const QString& wanted) : table(table), wanted
   setSourceModel(&table);
 }
 
-bool QtFilter::filterAcceptsRow(int row, const QModelIndex&) const {
+bool QtFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
+  for (int column = 0; column < table.columnCount(); ++column) {
+    const QString text = sourceModel()->index(row, column, parent).data().toString();
+    if (text.contains(wanted, Qt::CaseInsensitive)) return true;
+  }
+  return false;
+}
+
+bool QtDirectFilter::filterAcceptsRow(int row, const QModelIndex&) const {
   return std::ranges::any_of(table.GetTexts(row), [this](const QString& text) {
     return text.contains(wanted, Qt::CaseInsensitive);
   });

@@ -10,6 +10,7 @@ namespace {
 
 using benchmarks::Inputs;
 using benchmarks::kSevenLetters;
+using benchmarks::QtDirectFilter;
 using benchmarks::QtFilter;
 using benchmarks::QtTable;
 using benchmarks::SearchTexts;
@@ -36,10 +37,11 @@ void Refresh(benchmark::State& state) {
 }
 
 // A plain table's filter, which rebuilds nothing: the texts stand ready.
+template <typename Filter>
 void RefreshQt(benchmark::State& state) {
   QtTable table(
       SearchTexts(ShownTable::Get(static_cast<std::size_t>(state.range())).GetTree().GetFullList()));
-  QtFilter filter(table, kSevenLetters);
+  Filter filter(table, kSevenLetters);
   for (auto _ : state) {
     table.Reset();
     benchmark::DoNotOptimize(filter.rowCount());
@@ -55,7 +57,8 @@ bool RegisterRefresh(const char* name, benchmarks::StageFunction refresh) {
   return true;
 }
 
-const bool isRegistered =
-    RegisterRefresh("refresh", Refresh) && RegisterRefresh("refresh_qt", RefreshQt);
+const bool isRegistered = RegisterRefresh("refresh", Refresh) &&
+                          RegisterRefresh("refresh_qt", RefreshQt<QtFilter>) &&
+                          RegisterRefresh("refresh_qt_direct", RefreshQt<QtDirectFilter>);
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -102,6 +103,23 @@ TEST_F(Export, AllColumnsAreWrittenByteForByte) {
             "2,FF,Gr\xC3\xB6\xC3\x9F"
             "e,A3,01:00:01:00,00:00:02:00,,,,,,01:00:03:00,b.wav,/media/b.wav,Gr\xC3\xB6\xC3\x9F"
             "e,,,,,48000 Hz,,1,,,,\n");
+}
+
+TEST_F(Export, ALongTableIsWrittenLikeAShortOneRowAfterRow) {
+  auto draft = drafts::MakeSequence();
+  auto& track = drafts::AddTrack(draft);
+  constexpr int kClips = 9001;
+  std::string expected = "Clip Name,#,Start Time,Duration\n";
+  for (int i = 0; i < kClips; ++i) {
+    drafts::AddClip(track, "Shot, " + std::to_string(i), i * 25, i * 25 + 25);
+    char start[sizeof "00:00:00:00"];
+    std::snprintf(start, sizeof start, "%02d:%02d:%02d:00", i / 3600 % 100, i / 60 % 60, i % 60);
+    expected +=
+        "\"Shot, " + std::to_string(i) + "\"," + std::to_string(i + 1) + "," + start + ",00:00:01:00\n";
+  }
+  ShowSequence(draft);
+  ShowColumns({kColumnClipName, kColumnIndex, kColumnStartTime, kColumnDuration});
+  EXPECT_EQ(GetExportedText(), expected);
 }
 
 TEST_F(Export, AnEmptyListGivesTheHeaderLineOnly) {
