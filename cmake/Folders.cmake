@@ -21,3 +21,16 @@ function(sequence_index_folder target name)
   sequence_index_expose(${target} PUBLIC ${name})
   target_link_libraries(${target} PUBLIC ${FOLDER_LINKS})
 endfunction()
+
+# sequence_index_loaded_library(<name> <folder> LINKS <targets>...): a shared library of a folder's
+# sources, which the host loads when it is needed. It shows what exports.map beside it names, no more.
+function(sequence_index_loaded_library name folder)
+  cmake_parse_arguments(LIBRARY "" "" "LINKS" ${ARGN})
+  add_library(${name} SHARED $<TARGET_OBJECTS:${folder}>)
+  target_link_libraries(${name} PRIVATE ${LIBRARY_LINKS})
+  target_link_options(${name} PRIVATE -Wl,--version-script=${CMAKE_CURRENT_SOURCE_DIR}/exports.map)
+  set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/exports.map)
+  if(NOT SEQUENCE_INDEX_SANITIZE)
+    target_link_options(${name} PRIVATE -Wl,-z,defs)
+  endif()
+endfunction()
