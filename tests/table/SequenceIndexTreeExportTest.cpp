@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -112,8 +111,9 @@ TEST_F(Export, ALongTableIsWrittenLikeAShortOneRowAfterRow) {
   std::string expected = "Clip Name,#,Start Time,Duration\n";
   for (int i = 0; i < kClips; ++i) {
     drafts::AddClip(track, "Shot, " + std::to_string(i), i * 25, i * 25 + 25);
-    char start[sizeof "00:00:00:00"];
-    std::snprintf(start, sizeof start, "%02d:%02d:%02d:00", i / 3600 % 100, i / 60 % 60, i % 60);
+    const auto twoDigits = [](int number) { return std::to_string(100 + number).substr(1); };
+    const std::string start =
+        twoDigits(i / 3600) + ":" + twoDigits(i / 60 % 60) + ":" + twoDigits(i % 60) + ":00";
     expected +=
         "\"Shot, " + std::to_string(i) + "\"," + std::to_string(i + 1) + "," + start + ",00:00:01:00\n";
   }
