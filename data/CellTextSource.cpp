@@ -129,7 +129,7 @@ std::string_view CellTextSource::GetTrack() {
 }
 
 std::string_view CellTextSource::GetUsageCount() {
-  const auto& masterClip = clip.GetMasterClip();
+  const auto masterClip = clip.GetMasterClip();
   if (!project) project = FindParentProject(row->sequence);
   if (!masterClip || !*project) return {};
   const std::uint64_t count = MZ::Project::GetMasterClipUsageCount(*project, masterClip, row->sequence);

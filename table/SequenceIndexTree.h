@@ -36,9 +36,9 @@ namespace Vantrel {
 ///
 /// Threads: [main-thread], except RefreshDataListsAndTreeViewAsync. The data mutex guards everything
 /// that a build reads or stores: sequence, options, filter groups, search text, threshold, next and
-/// current lists. The current lists change on the main thread only, so readers there need no lock. Lock
-/// order: the data mutex before any lock of the host's; no broadcast, no move of the player and no
-/// dialog under it.
+/// current lists with their latest ends. The current lists change on the main thread only, so readers
+/// there need no lock. Lock order: the data mutex before any lock of the host's; no broadcast, no move
+/// of the player and no dialog under it.
 ///
 /// Cells are drawn when the host asks, from the current filtered list.
 ///

@@ -78,6 +78,20 @@ TEST_F(SearchedRow, IsFoundByItsRateAsPictureOrSoundIsWritten) {
   EXPECT_FALSE(Finds("fps", Row(TrackKind::kAudio)));
 }
 
+TEST_F(SearchedRow, IsFoundByItsOwnRateWhicheverRowsWereAskedBefore) {
+  const auto slow = Row();
+  clip.frameDuration = qelmediatypes::FrameRate::FromRational(50, 1).GetFrameDuration();
+  const auto fast = Row();
+  clip.frameDuration = qelmediatypes::FrameRate::FromRational(48000, 1).GetFrameDuration();
+  const auto sound = Row(TrackKind::kAudio);
+  const auto predicate = MakeSearchPredicate(UTF8String("50.00 fps"));
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_FALSE(predicate(slow));
+    EXPECT_TRUE(predicate(fast));
+    EXPECT_FALSE(predicate(sound));
+  }
+}
+
 TEST_F(SearchedRow, OfNeitherPictureNorSoundIsNotFoundByTheRateThatItsCellShows) {
   clip.frameDuration = qelmediatypes::FrameRate::FromRational(48000, 1).GetFrameDuration();
   auto row = Row(TrackKind::kAudio);

@@ -9,6 +9,7 @@
 #include "host/BE/Utilities.h"
 #include "support/CollectedRows.h"
 #include "support/Drafts.h"
+#include "support/Fakes.h"
 
 namespace Vantrel {
 namespace {
@@ -62,6 +63,20 @@ TEST(FieldTexts, RowsOfAnotherSequenceAreWrittenItsWay) {
     EXPECT_EQ(fields.Get(kColumnStartTime), "00:00:00:00");
     fields.SetRow(frames.front());
     EXPECT_EQ(fields.Get(kColumnStartTime), "0");
+  }
+}
+
+TEST(FieldTexts, RowsOfASequenceWithoutProjectHaveNoUsageCount) {
+  rows::Host host;
+  const auto inProject = rows::Collect(host.Add(drafts::MakeOneClip("A")));
+  auto outside = inProject;
+  outside.front().sequence = qelcore::Ref<BE::ISequence>(new fakes::Sequence(drafts::Frame(1)));
+  FieldTexts fields({});
+  for (int i = 0; i < 2; ++i) {
+    fields.SetRow(inProject.front());
+    EXPECT_EQ(fields.Get(kColumnUsageCountInSequence), "1");
+    fields.SetRow(outside.front());
+    EXPECT_EQ(fields.Get(kColumnUsageCountInSequence), "");
   }
 }
 
