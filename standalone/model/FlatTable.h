@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "standalone/runtime/LargePages.h"
+#include "host/qelcore/RecyclingAllocator.h"
 
 namespace standalone {
 
@@ -40,6 +40,7 @@ class FlatTable {
     std::uint64_t hash = 0;
     Value value{};
   };
+  using Slots = std::vector<Slot, qelcore::memory::RecyclingAllocator<Slot>>;
 
   std::size_t Mask() const { return slots.size() - 1; }
   void Put(Slot slot) {
@@ -49,11 +50,7 @@ class FlatTable {
   }
   void Grow() {
     constexpr std::size_t kFewest = 16;
-    std::vector<Slot> grown;
-    const std::size_t size = slots.empty() ? kFewest : 2 * slots.size();
-    grown.reserve(size);
-    PreferLargePages(grown.data(), size * sizeof(Slot));
-    grown.resize(size);
+    Slots grown(slots.empty() ? kFewest : 2 * slots.size());
     std::swap(slots, grown);
     for (Slot& slot : grown) {
       if (slot.hash != 0) Put(std::move(slot));
@@ -61,7 +58,7 @@ class FlatTable {
   }
 
   /// A power of two of them, at most half of them used; those of one hash stand behind each other.
-  std::vector<Slot> slots;
+  Slots slots;
   std::size_t count = 0;
 };
 

@@ -8,7 +8,7 @@
 #include <new>
 #include <utility>
 
-#include "standalone/runtime/LargePages.h"
+#include "standalone/runtime/LargeBlocks.h"
 
 namespace standalone {
 
@@ -28,7 +28,7 @@ namespace {
 constexpr std::size_t kStep = 16;  // Also the alignment of every block.
 constexpr std::size_t kClasses = kLargestRecycledBlock / kStep;
 constexpr std::size_t kFirstSlabBytes = 65536;
-constexpr std::size_t kLargestSlabBytes = 2 * kLargePage;
+constexpr std::size_t kLargestSlabBytes = LargeBlocks::kSmallest;
 constexpr std::uint32_t kBatch = 32;         // Blocks that move between a thread and the store.
 constexpr std::uint32_t kKept = 2 * kBatch;  // Blocks of a size that a thread keeps at most.
 
@@ -57,20 +57,13 @@ struct FreeList {
   }
 };
 
-bool LiesOnLargePages(std::size_t bytes) {
-  return bytes >= 2 * kLargePage;
+void* TakeLargerBlock(std::size_t bytes) {
+  return bytes < LargeBlocks::kSmallest ? ::operator new(bytes) : LargeBlocks::Get().Take(bytes);
 }
 
-void* TakeLargeBlock(std::size_t bytes) {
-  if (!LiesOnLargePages(bytes)) return ::operator new(bytes);
-  void* const block = ::operator new(bytes, std::align_val_t(kLargePage));
-  PreferLargePages(block, bytes);
-  return block;
-}
-
-void GiveLargeBlockBack(void* block, std::size_t bytes) noexcept {
-  if (!LiesOnLargePages(bytes)) return ::operator delete(block);
-  ::operator delete(block, std::align_val_t(kLargePage));
+void GiveLargerBlockBack(void* block, std::size_t bytes) noexcept {
+  if (bytes < LargeBlocks::kSmallest) return ::operator delete(block);
+  LargeBlocks::Get().GiveBack(block, bytes);
 }
 
 std::size_t ClassOf(std::size_t bytes) {
@@ -113,7 +106,7 @@ class BlockStore {
 
   /// Slabs grow with what is taken, so that a short timeline takes little and a long one few.
   void AddSlab() {
-    slabNext = static_cast<unsigned char*>(TakeLargeBlock(slabBytes));
+    slabNext = static_cast<unsigned char*>(TakeLargerBlock(slabBytes));
     slabEnd = slabNext + slabBytes;
     slabTotal += slabBytes;
     slabBytes = std::clamp(std::bit_floor(slabTotal / 4), kFirstSlabBytes, kLargestSlabBytes);
@@ -164,14 +157,14 @@ void GiveToStore(void* block, std::size_t sizeClass) noexcept {
 }  // namespace
 
 void* TakeBlock(std::size_t bytes) {
-  if (bytes > kLargestRecycledBlock) return TakeLargeBlock(bytes);
+  if (bytes > kLargestRecycledBlock) return TakeLargerBlock(bytes);
   const std::size_t sizeClass = ClassOf(bytes);
   if (threadBlocksAreGone) return TakeFromStore(sizeClass);
   return TakeFrom(threadBlocks.lists[sizeClass], sizeClass);
 }
 
 void GiveBlockBack(void* block, std::size_t bytes) noexcept {
-  if (bytes > kLargestRecycledBlock) return GiveLargeBlockBack(block, bytes);
+  if (bytes > kLargestRecycledBlock) return GiveLargerBlockBack(block, bytes);
   const std::size_t sizeClass = ClassOf(bytes);
   if (threadBlocksAreGone) return GiveToStore(block, sizeClass);
   FreeList& list = threadBlocks.lists[sizeClass];
