@@ -1,7 +1,6 @@
 #include "data/FilterGroups.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "data/GapRow.h"
 
@@ -30,16 +29,6 @@ std::shared_ptr<TrackItemDataList> FilterTrackItemDataList(const TrackItemDataLi
   for (const TrackItemRowData& row : rows) {
     if (IsKept(row, groups, isKeepingGaps)) kept->push_back(row);
   }
-  return kept;
-}
-
-std::shared_ptr<TrackItemDataList> FilterTrackItemDataList(TrackItemDataList&& rows,
-                                                           const std::vector<FilterGroup>& groups,
-                                                           bool isKeepingGaps) {
-  auto kept = std::make_shared<TrackItemDataList>(std::move(rows));
-  if (isKeepingGaps && groups.empty()) return kept;
-  std::erase_if(*kept,
-                [&](const TrackItemRowData& row) { return !IsKept(row, groups, isKeepingGaps); });
   return kept;
 }
 

@@ -29,9 +29,4 @@ std::shared_ptr<TrackItemDataList> FilterTrackItemDataList(const TrackItemDataLi
                                                            const std::vector<FilterGroup>& groups,
                                                            bool isKeepingGaps);
 
-/// The same of a list that is not shared: rows that pass move, which costs a fraction of copying them.
-std::shared_ptr<TrackItemDataList> FilterTrackItemDataList(TrackItemDataList&& rows,
-                                                           const std::vector<FilterGroup>& groups,
-                                                           bool isKeepingGaps);
-
 }  // namespace Vantrel

@@ -2,15 +2,18 @@
 
 #include <utility>
 
+#include "data/GapRow.h"
+
 namespace Vantrel {
 
 namespace {
 
-RowOrderKeys MakeKeys(const TrackItemDataList& rows) {
+RowOrderKeys MakeKeys(const TrackItemDataList& rows, bool isKeepingGaps) {
   RowOrderKeys keys;
   keys.reserve(rows.size());
-  for (const TrackItemRowData& row : rows) {
-    keys.push_back({row.start, row.mediaType, row.trackIndex, keys.size()});
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const TrackItemRowData& row = rows[i];
+    if (isKeepingGaps || !IsGapRow(row)) keys.push_back({row.start, row.mediaType, row.trackIndex, i});
   }
   return keys;
 }
@@ -19,7 +22,7 @@ RowOrderKeys MakeKeys(const TrackItemDataList& rows) {
 // one as there are tracks. Moving rows within their list would jump to and fro for each of them.
 void PlaceRows(TrackItemDataList& rows, const RowOrderKeys& keys) {
   TrackItemDataList ordered;
-  ordered.reserve(rows.size());
+  ordered.reserve(keys.size());
   for (const RowOrderKey& key : keys) {
     ordered.push_back(std::move(rows[key.position]));
     ordered.back().index = ordered.size() - 1;
@@ -27,7 +30,8 @@ void PlaceRows(TrackItemDataList& rows, const RowOrderKeys& keys) {
   rows = std::move(ordered);
 }
 
-bool AreInPlace(const RowOrderKeys& keys) noexcept {
+bool AreInPlace(const TrackItemDataList& rows, const RowOrderKeys& keys) noexcept {
+  if (keys.size() != rows.size()) return false;
   for (std::size_t i = 0; i < keys.size(); ++i) {
     if (keys[i].position != i) return false;
   }
@@ -41,15 +45,15 @@ void NumberRows(TrackItemDataList& rows) noexcept {
 
 }  // namespace
 
-RowOrderKeys FindRowOrder(const TrackItemDataList& rows) {
-  auto keys = MakeKeys(rows);
+RowOrderKeys FindRowOrder(const TrackItemDataList& rows, bool isKeepingGaps) {
+  auto keys = MakeKeys(rows, isKeepingGaps);
   SortRowOrderKeys(keys);
   return keys;
 }
 
-void OrderAndNumberRows(TrackItemDataList& rows) {
-  const RowOrderKeys keys = FindRowOrder(rows);
-  if (AreInPlace(keys)) return NumberRows(rows);
+void OrderAndNumberRows(TrackItemDataList& rows, bool isKeepingGaps) {
+  const RowOrderKeys keys = FindRowOrder(rows, isKeepingGaps);
+  if (AreInPlace(rows, keys)) return NumberRows(rows);
   PlaceRows(rows, keys);
 }
 

@@ -70,13 +70,14 @@ void SortRowOrderKeys(RowOrderKeys& keys, Less isLess = Less()) {
   }
 }
 
-/// The keys of rows in the one order of the table; equal ones as they stand now. [any-thread] Throws:
-/// std::bad_alloc.
-RowOrderKeys FindRowOrder(const TrackItemDataList& rows);
+/// The keys of rows in the one order of the table, of gaps only when `isKeepingGaps`; equal ones as
+/// they stand now. [any-thread] Throws: std::bad_alloc.
+RowOrderKeys FindRowOrder(const TrackItemDataList& rows, bool isKeepingGaps = true);
 
-/// Puts rows into the one order of the table, by time on the timeline, and numbers them from 0.
-/// Changes nothing of a row but its `index`. [any-thread] Throws: std::bad_alloc, with the rows as
-/// they were.
-void OrderAndNumberRows(TrackItemDataList& rows);
+/// Puts rows into the one order of the table, by time on the timeline, and numbers them from 0. Gaps
+/// leave the list unless `isKeepingGaps`: dropped while the rows move to their places, they cost
+/// nothing. Changes nothing of a row but its `index`. [any-thread] Throws: as FindRowOrder, with the
+/// rows as they were.
+void OrderAndNumberRows(TrackItemDataList& rows, bool isKeepingGaps = true);
 
 }  // namespace Vantrel

@@ -112,7 +112,7 @@ TrackItemDataList SequenceIndexTree::CollectRawList() {
 }
 
 SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFullList() {
-  TrackItemDataList rawList = CollectRawList();
+  TrackItemDataList rows = CollectRawList();
   bool isKeepingGaps = false;
   std::int32_t threshold = 0;
   {
@@ -120,10 +120,9 @@ SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFullList() {
     isKeepingGaps = options.isKeepingGaps;
     threshold = shortGapThreshold;
   }
-  SharedItemDataList fullList = FilterTrackItemDataList(std::move(rawList), {}, isKeepingGaps);
-  OrderAndNumberRows(*fullList);
-  MarkShortGaps(*fullList, threshold);
-  return fullList;
+  OrderAndNumberRows(rows, isKeepingGaps);
+  MarkShortGaps(rows, threshold);
+  return std::make_shared<TrackItemDataList>(std::move(rows));
 }
 
 SequenceIndexTree::SharedItemDataList SequenceIndexTree::MakeFilteredList(

@@ -48,10 +48,6 @@ class FilteredRows : public testing::Test {
   std::vector<std::string> Filter(const std::vector<FilterGroup>& groups, bool isKeepingGaps = false) {
     return rows::Names(*FilterTrackItemDataList(list, groups, isKeepingGaps));
   }
-  std::vector<std::string> FilterUnshared(const std::vector<FilterGroup>& groups, bool isKeepingGaps) {
-    TrackItemDataList unshared = list;
-    return rows::Names(*FilterTrackItemDataList(std::move(unshared), groups, isKeepingGaps));
-  }
 
   rows::Host host;
   TrackItemDataList list;
@@ -112,23 +108,6 @@ TEST_F(FilteredRows, KeptRowsAreUnchangedAndTheInputIsUntouched) {
   EXPECT_EQ(kept->front().trackItem, list[2].trackItem);
   EXPECT_THAT(rows::Names(list), ElementsAre("A", "Gap", "B"));
   EXPECT_EQ(list[2].index, 2U);
-}
-
-TEST_F(FilteredRows, TheSameAreKeptOfAListThatIsNotShared) {
-  EXPECT_THAT(FilterUnshared({}, false), ElementsAre("A", "B"));
-  EXPECT_THAT(FilterUnshared({}, true), ElementsAre("A", "Gap", "B"));
-  EXPECT_THAT(FilterUnshared({All({IsNamed("B")})}, false), ElementsAre("B"));
-  EXPECT_THAT(FilterUnshared({All({IsNamed("B")})}, true), ElementsAre("Gap", "B"));
-  EXPECT_THAT(FilterUnshared({All({No})}, false), IsEmpty());
-}
-
-TEST_F(FilteredRows, RowsThatAreNotSharedMove) {
-  const auto firstItem = list.front().trackItem;
-  const TrackItemRowData* const place = &list.front();
-  const auto kept = FilterTrackItemDataList(std::move(list), {}, true);
-  EXPECT_EQ(kept->size(), 3U);
-  EXPECT_EQ(&kept->front(), place);
-  EXPECT_EQ(kept->front().trackItem, firstItem);
 }
 
 TEST_F(FilteredRows, TheInputOrderIsKept) {

@@ -15,6 +15,8 @@
 
 #include "data/TrackItemRowData.h"
 #include "host/BE/MediaTypes.h"
+#include "support/CollectedRows.h"
+#include "support/Drafts.h"
 
 namespace Vantrel {
 namespace {
@@ -132,6 +134,62 @@ TEST(RowOrder, NothingOfARowButItsNumberChanges) {
                      moved.labelColor, moved.startFlagged, moved.endFlagged, moved.effects),
             std::tie(row.name, row.start, row.end, row.frameRate, row.trackIndex, row.codec,
                      row.labelColor, row.startFlagged, row.endFlagged, row.effects));
+}
+
+/// Two tracks of a clip, a gap and a clip, in the order they are visited.
+class RowsWithGaps : public testing::Test {
+ protected:
+  RowsWithGaps() {
+    auto draft = drafts::MakeSequence();
+    for (const std::string track : {"1", "2"}) {
+      auto& items = drafts::AddTrack(draft);
+      drafts::AddClip(items, "A" + track, 0, 50);
+      drafts::AddGap(items, 50, 55);
+      drafts::AddClip(items, "B" + track, 55, 80);
+    }
+    list = rows::Collect(host.Add(draft));
+  }
+
+  std::vector<std::uint64_t> GetNumbers() const {
+    std::vector<std::uint64_t> numbers;
+    for (const auto& row : list) numbers.push_back(row.index);
+    return numbers;
+  }
+
+  rows::Host host;
+  TrackItemDataList list;
+};
+
+TEST_F(RowsWithGaps, KeepTheirGaps) {
+  OrderAndNumberRows(list, true);
+  EXPECT_EQ(GetNames(list), (Names{"A1", "A2", "Gap", "Gap", "B1", "B2"}));
+  EXPECT_EQ(GetNumbers(), (std::vector<std::uint64_t>{0, 1, 2, 3, 4, 5}));
+}
+
+TEST_F(RowsWithGaps, AreNumberedWithoutTheGapsThatLeave) {
+  OrderAndNumberRows(list, false);
+  EXPECT_EQ(GetNames(list), (Names{"A1", "A2", "B1", "B2"}));
+  EXPECT_EQ(GetNumbers(), (std::vector<std::uint64_t>{0, 1, 2, 3}));
+}
+
+TEST_F(RowsWithGaps, LoseThemWhenTheyAreInOrderAlready) {
+  list.resize(3);
+  OrderAndNumberRows(list, false);
+  EXPECT_EQ(GetNames(list), (Names{"A1", "B1"}));
+  EXPECT_EQ(GetNumbers(), (std::vector<std::uint64_t>{0, 1}));
+}
+
+TEST_F(RowsWithGaps, AreEmptyWhenAllLeave) {
+  list.erase(list.begin() + 2, list.end());
+  list.erase(list.begin());
+  OrderAndNumberRows(list, false);
+  EXPECT_TRUE(list.empty());
+}
+
+TEST(RowOrder, ARowWithoutTrackItemIsNoGap) {
+  TrackItemDataList rows{MakeRow(1, BE::kMediaType_Video, 0, "item gone")};
+  OrderAndNumberRows(rows, false);
+  EXPECT_EQ(GetNames(rows), (Names{"item gone"}));
 }
 
 // The simple model: selection by exhaustive search for the next row.
