@@ -1,6 +1,7 @@
 #include "data/FilterGroups.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include "data/GapRow.h"
 
@@ -18,6 +19,15 @@ bool IsKept(const TrackItemRowData& row, const std::vector<FilterGroup>& groups,
   return std::ranges::all_of(groups, [&row](const auto& group) { return Passes(row, group); });
 }
 
+/// A row is asked for in less time than the memory takes to answer once.
+constexpr std::size_t kRowsAhead = 8;
+
+// Rows stand in the order of time, their items track by track, and in a long sequence in no cache: the
+// memory is asked for them ahead.
+void RequestItem(const TrackItemRowData& row) noexcept {
+  __builtin_prefetch(row.trackItem.Get());
+}
+
 }  // namespace
 
 std::shared_ptr<TrackItemDataList> FilterTrackItemDataList(const TrackItemDataList& rows,
@@ -26,8 +36,9 @@ std::shared_ptr<TrackItemDataList> FilterTrackItemDataList(const TrackItemDataLi
   auto kept = std::make_shared<TrackItemDataList>();
   // Most rows pass, and growing would move a million of them twenty times.
   kept->reserve(rows.size());
-  for (const TrackItemRowData& row : rows) {
-    if (IsKept(row, groups, isKeepingGaps)) kept->push_back(row);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (i + kRowsAhead < rows.size()) RequestItem(rows[i + kRowsAhead]);
+    if (IsKept(rows[i], groups, isKeepingGaps)) kept->push_back(rows[i]);
   }
   return kept;
 }

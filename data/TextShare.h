@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -31,8 +32,20 @@ class TextShare {
     }
   };
 
+  using Names = std::unordered_map<std::u16string, qelcore::UTF8String>;
+
+  qelcore::UTF8String Find(std::string_view text);
+  const Names::value_type& FindName(const std::u16string& name);
+
   std::unordered_set<qelcore::UTF8String, Hash, std::equal_to<>> texts;
-  std::unordered_map<std::u16string, qelcore::UTF8String> names;
+  Names names;
+
+  /// What was asked for last, by a number that takes next to nothing to find: a sequence has some
+  /// dozens of texts, and most of them have a number of their own.
+  static constexpr unsigned kRecentBits = 8;
+  static constexpr std::size_t kRecent = std::size_t{1} << kRecentBits;
+  std::array<qelcore::UTF8String, kRecent> recentTexts;
+  std::array<const Names::value_type*, kRecent> recentNames{};
 };
 
 }  // namespace Vantrel

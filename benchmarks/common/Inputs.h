@@ -42,12 +42,16 @@ class Inputs {
     return sequence;
   }
 
-  /// In visiting order, gaps included.
+  /// In visiting order, gaps included. Into a list that has room, from the second time on, as that of a
+  /// table has.
   Vantrel::TrackItemDataList CollectRows(
       std::size_t clips, unsigned worldTextPercent = generator::TimelineShape().worldTextPercent) {
     Vantrel::TrackItemDataList rows;
+    std::size_t& expected = rowCounts[{clips, worldTextPercent}];
+    rows.reserve(expected);
     Vantrel::CollectRows(GetSequence(clips, worldTextPercent),
                          {BE::kMediaType_Video, BE::kMediaType_Audio}, rows);
+    expected = rows.size();
     return rows;
   }
 
@@ -77,6 +81,7 @@ class Inputs {
 
   SteppedHost host;
   std::map<std::pair<std::size_t, unsigned>, qelcore::Ref<BE::ISequence>> sequences;
+  std::map<std::pair<std::size_t, unsigned>, std::size_t> rowCounts;
   std::map<std::pair<std::size_t, unsigned>, Vantrel::TrackItemDataList> lists;
   std::map<std::pair<std::size_t, unsigned>, Vantrel::TrackItemDataList> clipLists;
 };

@@ -53,7 +53,8 @@ bool RegisterRefresh(const char* name, benchmarks::StageFunction refresh) {
   benchmark::RegisterBenchmark(name, refresh)
       ->Arg(100'000)
       ->Arg(1'000'000)
-      ->Unit(benchmark::kMillisecond);
+      ->Unit(benchmark::kMillisecond)
+      ->MinWarmUpTime(benchmarks::kWarmUpTime);
   return true;
 }
 

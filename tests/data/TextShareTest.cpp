@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 namespace Vantrel {
 namespace {
 
@@ -16,6 +20,38 @@ TEST(TextShare, EqualTextsHaveOneBuffer) {
 TEST(TextShare, AnEmptyTextHasNoBuffer) {
   TextShare texts;
   EXPECT_TRUE(texts.Share("").Empty());
+}
+
+// More than can be remembered as asked for last, and asked for in turns.
+TEST(TextShare, ManyTextsAndNamesStayApart) {
+  constexpr int kTexts = 2000;
+  TextShare texts;
+  std::vector<qelcore::UTF8String> first;
+  for (int i = 0; i < kTexts; ++i) first.push_back(texts.Share("Effect " + std::to_string(i)));
+  for (int i = 0; i < kTexts; ++i) {
+    const std::string text = "Effect " + std::to_string(i);
+    ASSERT_EQ(first[static_cast<std::size_t>(i)], text);
+    ASSERT_TRUE(texts.Share(text).SharesBufferWith(first[static_cast<std::size_t>(i)]));
+    ASSERT_EQ(texts.ToUTF8(std::u16string(text.begin(), text.end())), text);
+  }
+}
+
+TEST(TextShare, TextsThatDifferInOneLetterStayApart) {
+  const std::string text = "Film Dissolve; ";
+  TextShare texts;
+  const auto first = texts.Share(text);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    std::string other = text;
+    ++other[i];
+    ASSERT_EQ(texts.Share(other), other);
+    ASSERT_EQ(texts.ToUTF8(std::u16string(other.begin(), other.end())), other);
+    ASSERT_TRUE(texts.Share(text).SharesBufferWith(first));
+  }
+}
+
+TEST(TextShare, AnEmptyNameIsEmpty) {
+  TextShare texts;
+  EXPECT_TRUE(texts.ToUTF8(u"").empty());
 }
 
 TEST(TextShare, TextsOutliveIt) {
