@@ -14,10 +14,6 @@ inline constexpr std::size_t kSizes[] = {1'000, 10'000, 100'000, 1'000'000};
 /// What somebody types who looks for one clip: found in a few rows of a million.
 inline constexpr const char* kSevenLetters = "ake 123";
 
-/// In seconds; at least one run, in which memory is touched for the first time and texts are read for
-/// the first time. A panel does that once, and then rebuilds at every keystroke.
-inline constexpr double kWarmUpTime = 0.01;
-
 using StageFunction = void (*)(benchmark::State&);
 
 /// Registers a benchmark at each of the sizes, as "name/size".
@@ -25,7 +21,7 @@ template <typename Measure>
 bool RegisterStage(const std::string& name, Measure measure) {
   auto* const stage = benchmark::RegisterBenchmark(name.c_str(), measure);
   for (const std::size_t size : kSizes) stage->Arg(static_cast<std::int64_t>(size));
-  stage->Unit(benchmark::kMillisecond)->MinWarmUpTime(kWarmUpTime);
+  stage->Unit(benchmark::kMillisecond);
   return true;
 }
 

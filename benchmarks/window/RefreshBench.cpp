@@ -53,8 +53,7 @@ bool RegisterRefresh(const char* name, benchmarks::StageFunction refresh) {
   benchmark::RegisterBenchmark(name, refresh)
       ->Arg(100'000)
       ->Arg(1'000'000)
-      ->Unit(benchmark::kMillisecond)
-      ->MinWarmUpTime(benchmarks::kWarmUpTime);
+      ->Unit(benchmark::kMillisecond);
   return true;
 }
 
