@@ -76,7 +76,11 @@ ClipNode& ClipBuilder::Build(const ClipDraft& draft, bool hasPicture, Transition
   values.isDisabled = draft.isDisabled;
   values.isSpeedChanged = draft.hasSpeedChange;
   values.isSequence = draft.nestedSequence.has_value();
-  return content.clips.Add(content, std::move(values));
+  const MasterClipNode* const source = values.masterClip;
+  ClipNode& clip = content.clips.Add(content, std::move(values));
+  if (last != nullptr) last->SetNextSource(source);
+  last = &clip;
+  return clip;
 }
 
 ClipBuilder::MediaTexts ClipBuilder::ShareTexts(const MediaDraft& draft) {

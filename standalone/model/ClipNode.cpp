@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "standalone/model/MemoryRequest.h"
 #include "standalone/model/SequenceContent.h"
 
 namespace standalone {
@@ -32,6 +33,12 @@ qelcore::Borrowed<BE::IComponent> ClipNode::GetComponent(std::size_t index) cons
 qelcore::Ref<BE::IProject> ClipNode::GetContainingProxyProject() const {
   if (values.masterClip == nullptr || !values.masterClip->GetProxyMedia()) return {};
   return GetContent().project->FindOpenProject();
+}
+
+void ClipNode::RequestNext() const noexcept {
+  // Clips stand side by side.
+  RequestMemory(this + 1);
+  RequestMemory(nextSource);
 }
 
 ClipNode* FindClipNode(qelcore::Borrowed<BE::IClip> clip) noexcept {

@@ -62,11 +62,20 @@ class ClipNode final : public ContentNode<BE::IClip, BE::IChildClip, BE::ICompon
 
   const Values& GetValues() const noexcept { return values; }
 
+  /// The source of the clip that is built behind this one, if one is.
+  void SetNextSource(const MasterClipNode* source) noexcept { nextSource = source; }
+
+  /// Asks the memory for the clip behind this one and for its source. The clips of a long timeline and
+  /// their sources lie in no cache; whoever reads the clips of a track one after the other, or of
+  /// several tracks in turn, then does not wait for them.
+  void RequestNext() const noexcept;
+
   /// The project that holds the clip's proxy, or empty.
   qelcore::Ref<BE::IProject> GetContainingProxyProject() const;
 
  private:
   Values values;
+  const MasterClipNode* nextSource = nullptr;
 };
 
 /// The node of a clip, as far as this host made it, borrowed; null for objects that answer the public

@@ -60,6 +60,8 @@ class ClipBuilder {
   FlatTable<SharedMedia*> mediaTable;
   NodeStore<SharedMasterClip> masterClips;
   FlatTable<SharedMasterClip*> masterClipTable;
+  /// The clip built last.
+  ClipNode* last = nullptr;
 };
 
 /// Makes the items of tracks.

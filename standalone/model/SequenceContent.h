@@ -71,7 +71,6 @@ class SequenceContent {
  private:
   ~SequenceContent() = default;
   void VisitTrack(TrackNode& track, const BE::SequenceVisitor& visitor) const;
-  void RequestClips(std::size_t visited) const noexcept;
 
   mutable std::atomic<std::size_t> count{0};
 };

@@ -23,7 +23,10 @@ Borrowed<IChildClip> GetChildClip(const Ref<ITrackItem>& trackItem) {
 
 Borrowed<IMasterClip> GetMasterClip(const Ref<ITrackItem>& trackItem) {
   const standalone::PlayedClip clip(trackItem);
-  return clip ? Borrowed<IMasterClip>(clip->GetValues().masterClip) : Borrowed<IMasterClip>();
+  if (!clip) return {};
+  // Asked for each row by whoever goes through many.
+  clip->RequestNext();
+  return Borrowed<IMasterClip>(clip->GetValues().masterClip);
 }
 
 Borrowed<ITransition> GetHeadTransition(const Ref<ITrackItem>& trackItem) {
