@@ -15,11 +15,10 @@ UTF8String CellText(const TrackItemRowData& row, ColumnID column) {
 }
 
 UTF8String CellText(const TrackItemRowData& row, ColumnID column, TickTime zeroPoint) {
-  if (column < kFirstColumn || column > kLastColumn) return {};
   if (const UTF8String* const stored = FindStoredText(row, column)) return *stored;
-  CellTextSource texts(zeroPoint, CellTextSource::Memory::kOfOneRow);
-  texts.SetRow(row);
-  return UTF8String(texts.Get(column));
+  CellTextSource texts(zeroPoint);
+  texts.SetRow(row, RowClip(row));
+  return CellTextSource::GetMaker(column)(texts);
 }
 
 }  // namespace Vantrel

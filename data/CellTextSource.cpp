@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "data/FrameRateText.h"
 #include "data/MediaFileTexts.h"
@@ -32,130 +31,89 @@ UTF8String TrackText(const TrackItemRowData& row) {
   return UTF8String(text);
 }
 
-std::size_t KindOf(const TrackItemRowData& row) noexcept {
-  return IsVideoRow(row) ? 0 : 1;
-}
-
-/// Room for the times of many tracks side by side: a clip mostly starts where one before it ended.
-constexpr unsigned kTimeBits = 10;
-constexpr unsigned kNumberBits = 6;
-
-RecentTexts MakeMemory(CellTextSource::Memory memory, unsigned bits) {
-  return memory == CellTextSource::Memory::kOfManyRows ? RecentTexts(bits) : RecentTexts();
-}
-
 }  // namespace
 
-CellTextSource::CellTextSource(TickTime zeroPoint, Memory memory)
-    : zeroPoint(zeroPoint),
-      memory(memory),
-      times(MakeMemory(memory, kTimeBits)),
-      frameRates{MakeMemory(memory, kNumberBits), MakeMemory(memory, kNumberBits)},
-      tracks{MakeMemory(memory, kNumberBits), MakeMemory(memory, kNumberBits)},
-      usageCounts(MakeMemory(memory, kNumberBits)) {}
-
-void CellTextSource::SetRow(const TrackItemRowData& newRow) {
+void CellTextSource::SetRow(const TrackItemRowData& newRow, const RowClip& newClip) {
   if (row != nullptr && row->sequence != newRow.sequence) {
     timeFormat.reset();
     project.reset();
-    times.Forget();
   }
   row = &newRow;
-  clip.SetRow(newRow);
-  mediaTexts = nullptr;
+  clip = newClip;
 }
 
-std::string_view CellTextSource::GetOfRow(ColumnID column) {
+CellTextSource::Maker CellTextSource::GetMaker(ColumnID column) noexcept {
+  using Self = CellTextSource&;
   switch (column) {
-    case kColumnLabelColor:
-      return {};
     case kColumnIndex:
-      return qelcore::string::ConvertUInt64ToBufferT(row->index + 1, lastDigits.data());
+      return [](Self self) { return Decimal(self.row->index + 1); };
     case kColumnDuration:
-      return GetTime(row->end - row->start);
+      return [](Self self) { return self.MakeTime(self.row->end - self.row->start); };
     case kColumnStartTime:
-      return GetTime(zeroPoint + row->start);
+      return [](Self self) { return self.MakeTime(self.zeroPoint + self.row->start); };
     case kColumnEndTime:
-      return GetTime(zeroPoint + row->end);
+      return [](Self self) { return self.MakeTime(self.zeroPoint + self.row->end); };
     case kColumnFrameRate:
-      return GetFrameRate();
+      return [](Self self) { return FrameRateText(*self.row); };
     case kColumnTrack:
-      return GetTrack();
+      return [](Self self) { return TrackText(*self.row); };
     default:
-      return clip.IsGap() ? std::string_view() : GetOfClip(column);
+      return GetClipMaker(column);
   }
 }
 
 /// The columns that ask a clip; gaps have nothing to say there.
-std::string_view CellTextSource::GetOfClip(ColumnID column) {
+CellTextSource::Maker CellTextSource::GetClipMaker(ColumnID column) noexcept {
   switch (column) {
     case kColumnComment:
-      return Keep(CommentText(clip.GetProjectItem()));
+      return &MakeOfProjectItem<CommentText>;
     case kColumnDescription:
-      return Keep(DescriptionText(clip.GetProjectItem()));
-    case kColumnFileName:
-      return GetOfMedia(&MediaTexts::fileName, FileNameText);
-    case kColumnFilePath:
-      return GetOfMedia(&MediaTexts::filePath, FilePathText);
-    case kColumnOfflineStatus:
-      return GetOfMedia(&MediaTexts::offlineStatus, OfflineStatusText);
-    case kColumnMulticamCamera:
-      return Keep(MulticamCameraText(row->trackItem));
+      return &MakeOfProjectItem<DescriptionText>;
     case kColumnTapeName:
-      return Keep(TapeNameText(clip.GetProjectItem()));
-    case kColumnUsageCountInSequence:
-      return GetUsageCount();
+      return &MakeOfProjectItem<TapeNameText>;
+    case kColumnFileName:
+      return &MakeOfMedia<FileNameText>;
+    case kColumnFilePath:
+      return &MakeOfMedia<FilePathText>;
+    case kColumnOfflineStatus:
+      return &MakeOfMedia<OfflineStatusText>;
+    case kColumnMulticamCamera:
+      return &MakeOfTrackItem<MulticamCameraText>;
     case kColumnVideoInfo:
-      return Keep(MZ::FindClip::GetVideoInfo(row->trackItem));
+      return &MakeOfTrackItem<MZ::FindClip::GetVideoInfo>;
+    case kColumnUsageCountInSequence:
+      return
+          [](CellTextSource& self) { return self.clip.IsGap() ? UTF8String() : self.MakeUsageCount(); };
     default:
-      return {};
+      return [](CellTextSource&) { return UTF8String(); };
   }
 }
 
-std::string_view CellTextSource::GetTime(TickTime time) {
-  return times.Get(static_cast<std::uint64_t>(time.GetTicks()), [&] {
-    if (!timeFormat) timeFormat = GetTimeFormat(row->sequence);
-    return FormatTime(*timeFormat, time);
-  });
+template <auto kMake>
+UTF8String CellTextSource::MakeOfProjectItem(CellTextSource& self) {
+  return self.clip.IsGap() ? UTF8String() : kMake(self.clip.GetProjectItem());
 }
 
-std::string_view CellTextSource::GetFrameRate() {
-  return frameRates[KindOf(*row)].Get(static_cast<std::uint64_t>(row->frameRate.GetTicks()),
-                                      [this] { return FrameRateText(*row); });
+template <auto kMake>
+UTF8String CellTextSource::MakeOfMedia(CellTextSource& self) {
+  return self.clip.IsGap() ? UTF8String() : kMake(self.clip.GetMedia());
 }
 
-std::string_view CellTextSource::GetTrack() {
-  return tracks[KindOf(*row)].Get(row->trackIndex, [this] { return TrackText(*row); });
+template <auto kMake>
+UTF8String CellTextSource::MakeOfTrackItem(CellTextSource& self) {
+  return self.clip.IsGap() ? UTF8String() : kMake(self.row->trackItem);
 }
 
-std::string_view CellTextSource::GetUsageCount() {
+UTF8String CellTextSource::MakeTime(TickTime time) {
+  if (!timeFormat) timeFormat = GetTimeFormat(row->sequence);
+  return FormatTime(*timeFormat, time);
+}
+
+UTF8String CellTextSource::MakeUsageCount() {
   const auto masterClip = clip.GetMasterClip();
   if (!project) project = FindParentProject(row->sequence);
   if (!masterClip || !*project) return {};
-  const std::uint64_t count = MZ::Project::GetMasterClipUsageCount(*project, masterClip, row->sequence);
-  return usageCounts.Get(count, [count] { return Decimal(count); });
-}
-
-template <typename Make>
-std::string_view CellTextSource::GetOfMedia(MediaText text, const Make& make) {
-  std::optional<UTF8String>& found = GetMediaTexts().*text;
-  if (!found) found = make(clip.GetMedia());
-  return *found;
-}
-
-CellTextSource::MediaTexts& CellTextSource::GetMediaTexts() {
-  if (mediaTexts == nullptr) mediaTexts = &FindMediaTexts();
-  return *mediaTexts;
-}
-
-CellTextSource::MediaTexts& CellTextSource::FindMediaTexts() {
-  if (memory == Memory::kOfOneRow) return textsOfOneMedia = MediaTexts();
-  return textsOfMedia[clip.GetMedia().Get()];
-}
-
-std::string_view CellTextSource::Keep(UTF8String&& text) noexcept {
-  lastText = std::move(text);
-  return lastText;
+  return Decimal(MZ::Project::GetMasterClipUsageCount(*project, masterClip, row->sequence));
 }
 
 }  // namespace Vantrel

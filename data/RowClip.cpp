@@ -5,14 +5,6 @@
 
 namespace Vantrel {
 
-void RowClip::SetRow(const TrackItemRowData& newRow) noexcept {
-  row = &newRow;
-  isGap.reset();
-  masterClip.reset();
-  projectItem.reset();
-  media.reset();
-}
-
 bool RowClip::AskIsGap() {
   qelcore::Required(row->trackItem);
   isGap = IsGapRow(*row);

@@ -12,7 +12,8 @@ namespace Vantrel {
 /// first wanted. The row stays as it is meanwhile. One thread at a time.
 class RowClip {
  public:
-  void SetRow(const TrackItemRowData& newRow) noexcept;
+  RowClip() = default;
+  explicit RowClip(const TrackItemRowData& row) noexcept : row(&row) {}
 
   /// Throws: null_pointer_exception when the row has no track item.
   bool IsGap() { return isGap ? *isGap : AskIsGap(); }

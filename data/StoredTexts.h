@@ -28,10 +28,16 @@ inline constexpr auto kStoredTexts = [] {
   return texts;
 }();
 
-/// The text that a row holds for a column, or null. `column` is one of the catalogue's. [any-thread]
+/// Where a row holds the text of a column; null for other columns, and for what is no column.
+/// [any-thread]
+constexpr StoredText GetStoredText(ColumnID column) noexcept {
+  return column < kFirstColumn || column > kLastColumn ? nullptr : kStoredTexts[column - kFirstColumn];
+}
+
+/// The text that a row holds for a column, or null. [any-thread]
 inline const qelcore::UTF8String* FindStoredText(const TrackItemRowData& row,
                                                  ColumnID column) noexcept {
-  const StoredText text = kStoredTexts[column - kFirstColumn];
+  const StoredText text = GetStoredText(column);
   return text == nullptr ? nullptr : &(row.*text);
 }
 

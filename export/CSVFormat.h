@@ -2,13 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 #include "data/ColumnIdentifiers.h"
 #include "data/TrackItemRowData.h"
-#include "export/NeedsQuotes.h"
 #include "host/qelcore/UTF8String.h"
-#include "host/qelcore/UTF8StringStream.h"
 #include "host/qelmediatypes/TickTime.h"
 #include "host/qelui/Geometry.h"
 
@@ -43,22 +40,10 @@ constexpr bool IsExportedColumn(ColumnID column) noexcept {
   return column > 1;
 }
 
-/// Appends a field, quoted where needed, then a comma unless it stands in the last display position.
-/// The position counts, not the fields written: when the last column is left out, the line ends with
-/// a comma.
-inline void AppendCSVField(qelcore::oUTF8StringStream& stream, std::string_view text,
-                           std::size_t displayIndex, std::size_t columnCount) {
-  // Most fields are empty, or written as they are.
-  if (!text.empty() && NeedsQuotes(text)) {
-    stream << QuoteCSVField(qelcore::UTF8String(text)).View();
-  } else {
-    stream << text;
-  }
-  if (displayIndex + 1 < columnCount) stream << ',';
-}
-
-inline void EndCSVLine(qelcore::oUTF8StringStream& stream) {
-  stream << '\n';
+/// Whether a comma follows a field: unless it stands in the last display position. The position counts,
+/// not the fields written: when the last column is left out, the line ends with a comma.
+constexpr bool HasCommaAfter(std::size_t displayIndex, std::size_t columnCount) noexcept {
+  return displayIndex + 1 < columnCount;
 }
 
 /// `size` as the byte count of one block. Call it before the file is created, so that a text that is

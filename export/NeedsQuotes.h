@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -7,19 +8,31 @@
 
 namespace Vantrel {
 
-/// Asked of every field, so it looks at sixteen bytes at a time: a vector of the compiler's, which
-/// every machine has or does without.
-class QuoteTest {
+/// Whether a field is written between double quotes: when it has a comma, a double quote or a line
+/// feed. [any-thread]
+constexpr bool NeedsQuotes(std::string_view text) noexcept {
+  return std::ranges::any_of(text,
+                             [](char byte) { return byte == ',' || byte == '"' || byte == '\n'; });
+}
+
+/// Copies fields and looks at their bytes on the way. Asked of most fields, so it takes sixteen bytes
+/// at a time: a vector of the compiler's, which every machine has or does without.
+class PlainFieldCopy {
  public:
-  static bool NeedsQuotes(std::string_view text) noexcept {
+  static bool CopyUnlessSpecial(std::string_view text, char* to) noexcept {
     const char* const bytes = text.data();
-    if (text.size() < sizeof(Bytes)) return IsAny(FindSpecial(LoadShort(text)));
+    const std::size_t size = text.size();
+    if (size < sizeof(Bytes)) return CopyShort(text, to);
     // The last bytes, then all before them; the two may overlap.
-    Words found = FindSpecial(Load<Bytes>(bytes + text.size() - sizeof(Bytes)));
-    for (std::size_t i = 0; i + sizeof(Bytes) < text.size(); i += sizeof(Bytes)) {
-      found |= FindSpecial(Load<Bytes>(bytes + i));
+    const auto last = Load<Bytes>(bytes + size - sizeof(Bytes));
+    Words found = FindSpecial(last);
+    for (std::size_t i = 0; i + sizeof(Bytes) < size; i += sizeof(Bytes)) {
+      const auto next = Load<Bytes>(bytes + i);
+      found |= FindSpecial(next);
+      Store(next, to + i);
     }
-    return IsAny(found);
+    Store(last, to + size - sizeof(Bytes));
+    return !IsAny(found);
   }
 
  private:
@@ -43,28 +56,36 @@ class QuoteTest {
     std::memcpy(&number, bytes, sizeof number);
     return number;
   }
+  template <typename Number>
+  static void Store(Number number, char* to) noexcept {
+    std::memcpy(to, &number, sizeof number);
+  }
 
-  /// Up to fifteen bytes, some of them twice; the rest is 0, which is not special.
-  static Bytes LoadShort(std::string_view text) noexcept {
-    const char* const bytes = text.data();
+  /// Up to fifteen bytes.
+  static bool CopyShort(std::string_view text, char* to) noexcept {
     const std::size_t size = text.size();
-    Words words{};
-    if (size >= sizeof(Word)) {
-      words = Words{Load<Word>(bytes), Load<Word>(bytes + size - sizeof(Word))};
-    } else if (size >= sizeof(Half)) {
-      words[0] = Word{Load<Half>(bytes)} << 32U | Load<Half>(bytes + size - sizeof(Half));
-    } else if (size > 0) {
-      const auto at = [bytes](std::size_t i) { return Word{static_cast<unsigned char>(bytes[i])}; };
-      words[0] = at(0) << 16U | at(size / 2) << 8U | at(size - 1);
-    }
-    return reinterpret_cast<Bytes>(words);
+    if (size >= sizeof(Word)) return CopyTwo<Word>(text, to);
+    if (size >= sizeof(Half)) return CopyTwo<Half>(text, to);
+    for (std::size_t i = 0; i < size; ++i) to[i] = text[i];
+    return !NeedsQuotes(text);
+  }
+
+  /// The first bytes and the last ones, which may overlap; the rest of the vector is 0, which is not
+  /// special.
+  template <typename Number>
+  static bool CopyTwo(std::string_view text, char* to) noexcept {
+    const std::size_t lastBegin = text.size() - sizeof(Number);
+    const auto first = Load<Number>(text.data());
+    const auto last = Load<Number>(text.data() + lastBegin);
+    Store(first, to);
+    Store(last, to + lastBegin);
+    return !IsAny(FindSpecial(reinterpret_cast<Bytes>(Words{first, last})));
   }
 };
 
-/// Whether a field is written between double quotes: when it has a comma, a double quote or a line
-/// feed. [any-thread]
-inline bool NeedsQuotes(std::string_view text) noexcept {
-  return QuoteTest::NeedsQuotes(text);
+/// Copies a field that needs no quotes. False when it does, with some of its bytes copied. [any-thread]
+inline bool CopyUnlessSpecial(std::string_view text, char* to) noexcept {
+  return PlainFieldCopy::CopyUnlessSpecial(text, to);
 }
 
 }  // namespace Vantrel

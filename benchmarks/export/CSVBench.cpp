@@ -8,9 +8,9 @@
 #include <string>
 
 #include "data/ColumnIdentifiers.h"
-#include "export/CSVFormat.h"
 #include "export/ExportedTable.h"
-#include "export/FieldTexts.h"
+#include "export/RowLines.h"
+#include "host/qelcore/UTF8StringStream.h"
 #include "table/ColumnCatalogue.h"
 
 namespace {
@@ -51,17 +51,13 @@ void Write(benchmark::State& state, std::size_t clips, bool isSynced) {
   CountRows(state, table.GetRows().size(), text.size());
 }
 
-/// The fields of one column, without file and commas.
+/// The lines of one column, without file.
 void Fields(benchmark::State& state, std::size_t clips, Vantrel::ColumnID column) {
   ExportedTable& table = GetTable(clips);
   std::size_t bytes = 0;
   for (auto _ : state) {
     qelcore::oUTF8StringStream stream;
-    Vantrel::FieldTexts fields(table.GetZeroPoint());
-    for (const auto& row : table.GetRows()) {
-      fields.SetRow(row);
-      Vantrel::AppendCSVField(stream, fields.Get(column), 0, 1);
-    }
+    Vantrel::RowLines({&column, 1}, table.GetZeroPoint()).Append(stream, table.GetRows());
     bytes = stream.str().size();
   }
   CountRows(state, table.GetRows().size(), bytes);

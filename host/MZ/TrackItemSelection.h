@@ -6,6 +6,7 @@
 
 #include "host/BE/Model.h"
 #include "host/HostAPI.h"
+#include "host/qelcore/Borrowed.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/UTF8String.h"
 
@@ -15,7 +16,8 @@ namespace MZ {
 class HOST_API TrackItemSelection {
  public:
   explicit TrackItemSelection(std::vector<qelcore::Ref<BE::ITrackItem>> items);
-  /// A selection of one item, which needs no list.
+  /// A selection of one item, which is borrowed: it can be asked for as long as the item lives. Made
+  /// for each row of a table, by several threads at once, so it counts nothing.
   static TrackItemSelection OfItem(const qelcore::Ref<BE::ITrackItem>& item);
 
   /// True when the selection is not empty and every item is a clip with several cameras.
@@ -26,8 +28,9 @@ class HOST_API TrackItemSelection {
   std::size_t GetMulticamItemsSelectedTrackIndex() const;
 
  private:
-  qelcore::Ref<BE::ITrackItem> first;
-  std::vector<qelcore::Ref<BE::ITrackItem>> others;
+  qelcore::Borrowed<BE::ITrackItem> first;
+  /// All of them, unless the first is borrowed.
+  std::vector<qelcore::Ref<BE::ITrackItem>> items;
 };
 
 }  // namespace MZ

@@ -9,7 +9,8 @@
 namespace qelcore {
 
 /// An output stream of UTF-8 bytes in memory. It formats nothing, so no locale touches it. Made for
-/// long texts: growing copies nothing. One thread at a time. Throws: std::bad_alloc.
+/// long texts, in memory of the host's recycling allocator. One thread at a time. Throws:
+/// std::bad_alloc.
 class HOST_API oUTF8StringStream {
  public:
   oUTF8StringStream();
@@ -30,12 +31,16 @@ class HOST_API oUTF8StringStream {
     return *this;
   }
 
+  /// Makes room for so many bytes in all, so that a text is not copied while it grows to them.
+  void Reserve(std::size_t bytes);
+
   /// All bytes written so far; valid until the next write.
   std::string_view str() const noexcept { return {text, size}; }
 
  private:
   /// Makes room for so many bytes more.
   void Grow(std::size_t bytes);
+  void MoveTo(std::size_t room);
 
   char* text = nullptr;
   std::size_t size = 0;

@@ -1,21 +1,23 @@
 #include "standalone/model/PlayedClip.h"
 
+#include <typeinfo>
+
 #include "standalone/model/TrackNodes.h"
 
 namespace standalone {
 namespace {
 
-/// The item as a node, or null. An object that stands before a node may answer for it, and is none.
-const TrackItemNode* FindNode(BE::ITrackItem* item) noexcept {
-  const auto* const node = qelcore::FindInterface<TrackItemNode>(item);
-  return static_cast<const BE::ITrackItem*>(node) == item ? node : nullptr;
+/// The item as a node, or null. Objects that stand before a node answer for it, but are of another
+/// type.
+const TrackItemNode* FindNode(BE::ITrackItem& item) noexcept {
+  return typeid(item) == typeid(TrackItemNode) ? static_cast<const TrackItemNode*>(&item) : nullptr;
 }
 
 }  // namespace
 
-PlayedClip::PlayedClip(const qelcore::Ref<BE::ITrackItem>& trackItem) {
+PlayedClip::PlayedClip(qelcore::Borrowed<BE::ITrackItem> trackItem) {
   if (!trackItem) return;
-  if (const TrackItemNode* const item = FindNode(trackItem.Get())) {
+  if (const TrackItemNode* const item = FindNode(*trackItem)) {
     node = item->GetClipNode();
     return;
   }

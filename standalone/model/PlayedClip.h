@@ -13,7 +13,7 @@ namespace standalone {
 /// which costs no counting; only the clip of an item that is not ours is held.
 class PlayedClip {
  public:
-  explicit PlayedClip(const qelcore::Ref<BE::ITrackItem>& trackItem);
+  explicit PlayedClip(qelcore::Borrowed<BE::ITrackItem> trackItem);
 
   explicit operator bool() const noexcept { return node != nullptr; }
   const ClipNode* operator->() const noexcept { return node; }

@@ -8,18 +8,16 @@ namespace MZ {
 namespace {
 
 /// The cameras of a track item, valid as long as the item; null when it is not multicam.
-const standalone::MulticamCameras* FindCameras(const qelcore::Ref<BE::ITrackItem>& item) {
+const standalone::MulticamCameras* FindCameras(qelcore::Borrowed<BE::ITrackItem> item) {
   const standalone::PlayedClip clip(item);
   return clip ? clip->GetValues().cameras : nullptr;
 }
 
 }  // namespace
 
-TrackItemSelection::TrackItemSelection(std::vector<qelcore::Ref<BE::ITrackItem>> items) {
-  if (items.empty()) return;
-  first = items.front();
-  items.erase(items.begin());
-  others = std::move(items);
+TrackItemSelection::TrackItemSelection(std::vector<qelcore::Ref<BE::ITrackItem>> items)
+    : items(std::move(items)) {
+  if (!this->items.empty()) first = this->items.front();
 }
 
 TrackItemSelection TrackItemSelection::OfItem(const qelcore::Ref<BE::ITrackItem>& item) {
@@ -30,7 +28,7 @@ TrackItemSelection TrackItemSelection::OfItem(const qelcore::Ref<BE::ITrackItem>
 
 bool TrackItemSelection::AreItemsMulticam() const {
   return FindCameras(first) != nullptr &&
-         std::ranges::all_of(others, [](const auto& item) { return FindCameras(item) != nullptr; });
+         std::ranges::all_of(items, [](const auto& item) { return FindCameras(item) != nullptr; });
 }
 
 std::vector<qelcore::UTF8String> TrackItemSelection::GetMulticamCameraNames() const {

@@ -1,6 +1,5 @@
 #include "standalone/model/UnicodeText.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -65,15 +64,25 @@ void Append(std::u16string& text, char32_t character) {
   text.push_back(static_cast<char16_t>(0xDC00 + (offset & 0x3FFU)));
 }
 
+/// False for a text that is not all ASCII. Many bytes at once, as nothing is decided between them.
+bool WidenASCII(std::string_view text, char16_t* to) {
+  std::uint8_t bits = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<std::uint8_t>(text[i]);
+    bits |= byte;
+    to[i] = byte;
+  }
+  return bits < 0x80;
+}
+
 }  // namespace
 
 std::u16string UTF8To16(std::string_view text) {
   // Most texts are ASCII from one end to the other.
-  const auto isASCII = [](char byte) { return static_cast<std::uint8_t>(byte) < 0x80; };
-  const auto other = std::ranges::find_if_not(text, isASCII);
-  std::u16string result(text.begin(), other);
-  result.reserve(text.size());
-  auto position = static_cast<std::size_t>(other - text.begin());
+  std::u16string result(text.size(), u'\0');
+  if (WidenASCII(text, result.data())) return result;
+  result.clear();
+  std::size_t position = 0;
   while (position < text.size()) {
     const auto byte = static_cast<std::uint8_t>(text[position]);
     if (byte < 0x80) {

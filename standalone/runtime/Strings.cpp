@@ -47,6 +47,16 @@ bool IsLowSurrogate(char16_t unit) {
   return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
+/// False for a text that is not all ASCII. Many units at once, as nothing is decided between them.
+bool NarrowASCII(std::u16string_view text, char* to) {
+  char16_t bits = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    bits |= text[i];
+    to[i] = static_cast<char>(text[i]);
+  }
+  return bits < 0x80;
+}
+
 /// The character at `position`, which moves behind it.
 char32_t NextCharacter(std::u16string_view text, std::size_t& position) {
   const char16_t unit = text[position++];
@@ -90,11 +100,10 @@ UTF8String ToSingleLine(const UTF8String& text, std::size_t maximumCharacters) {
 
 UTF8String UTF16to8(std::u16string_view text) {
   // Most texts are ASCII from one end to the other.
-  const auto isASCII = [](char16_t unit) { return unit < 0x80; };
-  const auto other = std::ranges::find_if_not(text, isASCII);
-  std::string result(text.begin(), other);
-  result.reserve(text.size());
-  for (auto position = static_cast<std::size_t>(other - text.begin()); position < text.size();) {
+  std::string result(text.size(), '\0');
+  if (NarrowASCII(text, result.data())) return UTF8String(result);
+  result.clear();
+  for (std::size_t position = 0; position < text.size();) {
     AppendUTF8(result, NextCharacter(text, position));
   }
   return UTF8String(result);

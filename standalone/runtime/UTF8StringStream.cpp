@@ -1,41 +1,38 @@
 #include "host/qelcore/UTF8StringStream.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <new>
 
-#include "standalone/runtime/LargePages.h"
+#include "host/qelcore/Shareable.h"
 
 namespace qelcore {
-namespace {
-
-constexpr std::size_t kStep = std::size_t{64} << 10U;
-
-/// Whole pages from the system, so that they can be moved to where there is more room.
-void* Map(void* block, std::size_t bytes, std::size_t wanted) {
-  if (block != nullptr) return mremap(block, bytes, wanted, MREMAP_MAYMOVE);
-  return mmap(nullptr, wanted, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-}
-
-}  // namespace
 
 oUTF8StringStream::oUTF8StringStream() = default;
 oUTF8StringStream::~oUTF8StringStream() {
-  if (text != nullptr) munmap(text, capacity);
+  if (text != nullptr) memory::RecyclingFree(text, capacity);
+}
+
+void oUTF8StringStream::Reserve(std::size_t bytes) {
+  if (bytes > capacity) MoveTo(bytes);
 }
 
 void oUTF8StringStream::Grow(std::size_t bytes) {
   constexpr std::size_t kHighest = std::numeric_limits<std::size_t>::max() / 4;
+  constexpr std::size_t kStep = std::size_t{64} << 10U;
   if (bytes > kHighest - size) throw std::bad_alloc();
-  const std::size_t wanted = std::max(2 * capacity, (size + bytes + kStep - 1) / kStep * kStep);
-  void* const block = Map(text, capacity, wanted);
-  if (block == MAP_FAILED) throw std::bad_alloc();
-  text = static_cast<char*>(block);
-  capacity = wanted;
-  // As a whole: the system moves no memory of which parts are treated differently.
-  if (capacity >= 2 * standalone::kLargePage) madvise(block, capacity, MADV_HUGEPAGE);
+  MoveTo(std::max(2 * capacity, (size + bytes + kStep - 1) / kStep * kStep));
+}
+
+void oUTF8StringStream::MoveTo(std::size_t room) {
+  auto* const block = static_cast<char*>(memory::RecyclingAllocate(room));
+  if (text != nullptr) {
+    std::memcpy(block, text, size);
+    memory::RecyclingFree(text, capacity);
+  }
+  text = block;
+  capacity = room;
 }
 
 }  // namespace qelcore

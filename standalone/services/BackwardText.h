@@ -29,8 +29,9 @@ class BackwardText {
 
  private:
   void PutTwoDigits(unsigned number) {
-    Put(static_cast<char>('0' + number % 10));
-    Put(static_cast<char>('0' + number / 10));
+    begin -= 2;
+    characters[begin] = static_cast<char>('0' + number / 10);
+    characters[begin + 1] = static_cast<char>('0' + number % 10);
   }
 
   // The longest text is a time: a sign, three separators, and at most twenty digits each for hours and

@@ -1,7 +1,5 @@
 #include "standalone/services/ClockText.h"
 
-#include <algorithm>
-
 namespace standalone {
 namespace {
 
@@ -18,12 +16,17 @@ unsigned CountDigits(std::uint64_t number) {
   return digits;
 }
 
+/// As many as the highest number within a second has, two at least; two of most pictures.
+unsigned CountUnitDigits(std::uint64_t unitsPerSecond) {
+  return unitsPerSecond <= 100 ? kLeastDigits : CountDigits(unitsPerSecond - 1);
+}
+
 }  // namespace
 
 void PutClock(BackwardText& text, std::uint64_t units, std::uint64_t unitsPerSecond, char separator) {
-  text.PutNumber(units % unitsPerSecond, std::max(kLeastDigits, CountDigits(unitsPerSecond - 1)));
-  text.Put(separator);
   const std::uint64_t seconds = units / unitsPerSecond;
+  text.PutNumber(units - seconds * unitsPerSecond, CountUnitDigits(unitsPerSecond));
+  text.Put(separator);
   text.PutNumber(seconds % kSecondsPerMinute, kLeastDigits);
   text.Put(':');
   const std::uint64_t minutes = seconds / kSecondsPerMinute;

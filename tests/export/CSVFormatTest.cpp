@@ -116,28 +116,6 @@ TEST(ExportedColumns, OnlyTheTablesOwnColumnIsLeftOut) {
   EXPECT_TRUE(IsExportedColumn(kFirstColumn));
 }
 
-TEST(CSVLine, FieldsAreSeparatedByCommasAndEndedByALineFeed) {
-  qelcore::oUTF8StringStream stream;
-  AppendCSVField(stream, UTF8String("a"), 0, 3);
-  AppendCSVField(stream, UTF8String("b,c"), 1, 3);
-  AppendCSVField(stream, UTF8String(), 2, 3);
-  EndCSVLine(stream);
-  EXPECT_EQ(stream.str(), "a,\"b,c\",\n");
-}
-
-TEST(CSVLine, TheCommaGoesByTheDisplayPosition) {
-  qelcore::oUTF8StringStream stream;
-  AppendCSVField(stream, UTF8String("first is left out"), 1, 3);
-  EndCSVLine(stream);
-  EXPECT_EQ(stream.str(), "first is left out,\n");
-}
-
-TEST(CSVLine, ASingleColumnHasNoComma) {
-  qelcore::oUTF8StringStream stream;
-  AppendCSVField(stream, UTF8String("a"), 0, 1);
-  EXPECT_EQ(stream.str(), "a");
-}
-
 TEST(BlockSize, UpTo32BitsIsAccepted) {
   EXPECT_EQ(RequireBlockSize(0), 0U);
   EXPECT_EQ(RequireBlockSize(4294967295), 4294967295U);

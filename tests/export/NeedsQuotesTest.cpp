@@ -41,5 +41,29 @@ TEST(NeedsQuotes, WhatStandsAroundATextIsNotLookedAt) {
   }
 }
 
+TEST(CopyUnlessSpecial, CopiesATextOfAnyLengthAndNothingElse) {
+  for (std::size_t length = 0; length <= kLongest; ++length) {
+    std::string text(length, 'a');
+    for (std::size_t i = 0; i < length; ++i) text[i] = static_cast<char>('A' + i % 32);
+    std::string to(kLongest + 2, '.');
+    EXPECT_TRUE(CopyUnlessSpecial(text, to.data() + 1)) << length;
+    EXPECT_EQ(to, "." + text + std::string(kLongest + 1 - length, '.')) << length;
+  }
+}
+
+TEST(CopyUnlessSpecial, TellsOfASpecialByteAtEveryPlaceOfEveryLength) {
+  for (std::size_t length = 1; length <= kLongest; ++length) {
+    for (std::size_t place = 0; place < length; ++place) {
+      for (const char special : {',', '"', '\n'}) {
+        std::string text(length, 'a');
+        text[place] = special;
+        std::string to(length + 1, '.');
+        EXPECT_FALSE(CopyUnlessSpecial(text, to.data())) << length << ' ' << place;
+        EXPECT_EQ(to.back(), '.') << length << ' ' << place;
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace Vantrel

@@ -108,12 +108,26 @@ TEST(UTF8StringStream, KeepsAllBytesWhileItGrows) {
   qelcore::oUTF8StringStream stream;
   std::string wanted;
   // From a few bytes to several times what is moved at once.
-  for (std::size_t length = 1; wanted.size() < (std::size_t{20} << 20U); length = length * 3 + 1) {
+  for (std::size_t length = 1; wanted.size() < (std::size_t{40} << 20U); length = length * 3 + 1) {
     const std::string text(length, static_cast<char>('a' + length % 26));
     stream << text << '\n';
     wanted.append(text).push_back('\n');
     ASSERT_TRUE(stream.str() == wanted) << wanted.size();
   }
+}
+
+TEST(UTF8StringStream, KeepsWhatItHasWhenRoomIsReserved) {
+  qelcore::oUTF8StringStream stream;
+  stream << "Name,";
+  for (const std::size_t bytes : {0U, 3U, 100U, 10U << 20U}) {
+    stream.Reserve(bytes);
+    ASSERT_EQ(stream.str(), "Name,");
+  }
+  const char* const place = stream.str().data();
+  const std::string text(9U << 20U, 'x');
+  stream << text;
+  EXPECT_EQ(stream.str().data(), place);
+  EXPECT_TRUE(stream.str() == "Name," + text);
 }
 
 }  // namespace

@@ -128,7 +128,9 @@ TEST_F(Growth, EachRowCostsTheSameNumberOfHostCalls) {
   constexpr std::uint64_t kBasicCalls = 50;
   for (const auto& [name, count] : larger) {
     EXPECT_GT(count, 0U) << name;
-    EXPECT_LE(count, GetLimit(smaller.at(name), kBasicCalls)) << name;
+    // Asked once for each media by each of the two threads that write a long table.
+    const std::uint64_t threads = name == "GetMasterClipUsageCount" ? 2 : 1;
+    EXPECT_LE(count, threads * GetLimit(smaller.at(name), kBasicCalls)) << name;
   }
 }
 

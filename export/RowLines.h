@@ -1,0 +1,92 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "data/CellTextSource.h"
+#include "data/ClipsAhead.h"
+#include "data/ColumnIdentifiers.h"
+#include "data/StoredTexts.h"
+#include "data/TrackItemRowData.h"
+#include "export/CSVLine.h"
+#include "export/MediaFields.h"
+#include "export/RecentFields.h"
+#include "host/BE/Model.h"
+#include "host/qelcore/Reference.h"
+#include "host/qelcore/UTF8StringStream.h"
+#include "host/qelmediatypes/TickTime.h"
+#include "host/qelui/Geometry.h"
+
+namespace Vantrel {
+
+/// The lines of many rows, one after the other. A field that rows share is made once and remembered as
+/// it is written. One thread at a time.
+///
+/// The rows stay as they are while this object is used, and so does what they reach: a media is known
+/// by its address, and what its fields say is that of the moment when it was first met.
+class RowLines {
+ public:
+  /// The columns in their display order, and the zero point of the exported sequence.
+  RowLines(std::span<const ColumnID> shownColumns, qelmediatypes::TickTime zeroPoint);
+
+  /// Appends the lines of rows. Throws: as CellTextSource::Maker.
+  void Append(qelcore::oUTF8StringStream& stream, std::span<const TrackItemRowData> rows);
+
+ private:
+  using RecentNumbers = RecentFields<std::uint64_t>;
+
+  struct Column {
+    /// Adds the field of the row.
+    void (*add)(RowLines& lines, const Column& column);
+    /// Where a row holds the text; or else null, and what makes it.
+    StoredText stored;
+    CellTextSource::Maker make;
+    bool hasComma;
+  };
+
+  static std::vector<Column> MakeColumns(std::span<const ColumnID> shown);
+
+  void AppendBlock(qelcore::oUTF8StringStream& stream, std::span<const TrackItemRowData> rows);
+  void SetSequence(const BE::ISequence* newSequence);
+  void AskAhead(std::span<const TrackItemRowData> rows);
+  void AskMediaAhead(std::size_t count);
+  std::string_view MakeLine();
+  static auto FindAdd(ColumnID column) -> decltype(Column::add);
+  void AddOfTime(RecentNumbers& known, qelmediatypes::TickTime time, const Column& column) {
+    AddOfNumber(known, static_cast<std::uint64_t>(time.GetTicks()), column);
+  }
+  void AddOfNumber(RecentNumbers& known, std::uint64_t number, const Column& column) {
+    if (const ShortField* const field = known.Find(number)) return line.AddReadyField(*field);
+    AddNewNumber(known, number, column);
+  }
+  void AddIndex();
+  void AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column);
+  void AddColor();
+  template <MediaField kField>
+  void AddOfMedia(const Column& column);
+
+  const std::vector<Column> columns;
+  const bool asksClips;
+  const bool asksMedia;
+  const qelmediatypes::TickTime zeroPoint;
+  const BE::ISequence* sequence = nullptr;
+  ClipsAhead clips;
+  CellTextSource texts;
+  CSVLine line;
+  const TrackItemRowData* row = nullptr;
+  RecentNumbers durations;
+  RecentNumbers positions;
+  /// Of picture rows, and of the others.
+  std::array<RecentNumbers, 2> frameRates;
+  std::array<RecentNumbers, 2> tracks;
+  RecentFields<qelui::ColorRGBA> colors;
+  KnownMediaFields knownMedia;
+  /// Those of the media of the next rows, and of the row's; null where there is no media.
+  std::array<FieldsOfMedia*, ClipsAhead::kMostRows> fieldsAhead{};
+  FieldsOfMedia* mediaFields = nullptr;
+};
+
+}  // namespace Vantrel

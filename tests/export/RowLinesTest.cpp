@@ -1,0 +1,154 @@
+#include "export/RowLines.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "export/ExpectedLines.h"
+#include "host/BE/Utilities.h"
+#include "host/qelcore/Exceptions.h"
+#include "host/qelcore/UTF8StringStream.h"
+#include "support/CollectedRows.h"
+#include "support/Drafts.h"
+#include "support/Fakes.h"
+
+namespace Vantrel {
+namespace {
+
+using qelmediatypes::TickTime;
+
+/// What is written of these rows by one object, row by row.
+std::string Write(RowLines& lines, std::span<const TrackItemRowData> rows) {
+  qelcore::oUTF8StringStream stream;
+  lines.Append(stream, rows);
+  return std::string(stream.str());
+}
+
+TEST(RowLines, WhatIsRememberedFromOtherRowsIsWhatEachRowSaysAlone) {
+  rows::Host host;
+  const auto sequence = host.Add(MakeRepeatingSequence());
+  auto list = rows::Collect(sequence);
+  rows::Number(list);
+  const auto zeroPoint = BE::SequenceUtils::GetZeroPoint(sequence);
+  RowLines lines(AllColumns(), zeroPoint);
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_TRUE(Write(lines, list) == LinesOf(list, AllColumns(), zeroPoint)) << "time " << i;
+  }
+}
+
+TEST(RowLines, EachColumnAloneSaysTheSame) {
+  rows::Host host;
+  const auto sequence = host.Add(MakeRepeatingSequence());
+  const auto list = rows::Collect(sequence);
+  const auto zeroPoint = BE::SequenceUtils::GetZeroPoint(sequence);
+  for (const ColumnID column : AllColumns()) {
+    RowLines lines({&column, 1}, zeroPoint);
+    EXPECT_TRUE(Write(lines, list) == LinesOf(list, {column}, zeroPoint)) << column;
+  }
+}
+
+/// Clips are asked ahead, a block of rows at a time.
+TEST(RowLines, AnyNumberOfRowsIsWritten) {
+  rows::Host host;
+  const auto sequence = host.Add(MakeRepeatingSequence());
+  const auto list = rows::Collect(sequence);
+  const std::vector<ColumnID> columns = {kColumnClipName, kColumnFilePath, kColumnStartTime};
+  for (const std::size_t count : {0U, 1U, 2U, 31U, 32U, 33U, 64U, 65U, 200U}) {
+    TrackItemDataList some(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count));
+    RowLines lines(columns, {});
+    EXPECT_EQ(Write(lines, some), LinesOf(some, columns, {})) << count;
+  }
+}
+
+/// Two entries of the project that were made from one file.
+TEST(RowLines, ClipsOfOneMediaHaveTheirOwnNotes) {
+  rows::Host host;
+  auto draft = drafts::MakeSequence();
+  auto& track = drafts::AddTrack(draft);
+  for (int i = 0; i < 3; ++i) {
+    auto& clip = drafts::AddClip(track, "A", i * 10, i * 10 + 10);
+    clip.media.address = "/media/a, b.mov";
+    clip.comment = i == 1 ? "" : "Note " + std::to_string(i);
+    clip.tapeName = i == 2 ? "" : "Tape, " + std::to_string(i);
+  }
+  const auto list = rows::Collect(host.Add(draft));
+  const std::vector<ColumnID> columns = {kColumnFileName, kColumnComment, kColumnTapeName,
+                                         kColumnUsageCountInSequence};
+  RowLines lines(columns, {});
+  EXPECT_EQ(Write(lines, list),
+            "\"a, b.mov\",Note 0,\"Tape, 0\",3\n"
+            "\"a, b.mov\",,\"Tape, 1\",3\n"
+            "\"a, b.mov\",Note 2,,3\n");
+}
+
+TEST(RowLines, AClipWithoutMediaIsNotTakenForAnother) {
+  rows::Host host;
+  auto draft = drafts::MakeOneClip("A");
+  draft.tracks.front().items.front().clip->media.address = "/media/a.mov";
+  auto list = rows::Collect(host.Add(draft));
+  list.push_back(list.front());
+  const qelcore::Ref fakeClip(new fakes::Clip(list.front().trackItem->GetClip()));
+  fakeClip->hasMasterClip = false;
+  const qelcore::Ref item(new fakes::TrackItem(list.front().trackItem));
+  item->clip = qelcore::Ref<BE::IClip>(fakeClip);
+  list.back().trackItem = item;
+  list.push_back(list.front());
+  const std::vector<ColumnID> columns = {kColumnFileName, kColumnUsageCountInSequence};
+  RowLines lines(columns, {});
+  EXPECT_EQ(Write(lines, list), "a.mov,1\n,\na.mov,1\n");
+}
+
+TEST(RowLines, TextsThatAreTooLongToBeRememberedAreWritten) {
+  rows::Host host;
+  auto list = rows::Collect(host.Add(drafts::MakeOneClip("A")));
+  list.front().trackIndex = 9999999999999999999U;
+  list.front().start = TickTime::Lowest();
+  list.push_back(list.front());
+  const std::vector<ColumnID> columns = {kColumnTrack, kColumnStartTime, kColumnDuration};
+  RowLines lines(columns, {});
+  EXPECT_EQ(Write(lines, list), LinesOf(list, columns, {}));
+}
+
+TEST(RowLines, RowsOfAnotherSequenceAreWrittenItsWay) {
+  rows::Host host;
+  auto draft = drafts::MakeOneClip("A");
+  const auto timecode = rows::Collect(host.Add(draft));
+  draft.timeFormat = standalone::TimeFormat::kFrames;
+  const auto frames = rows::Collect(host.Add(draft));
+  const std::vector<ColumnID> columns = {kColumnStartTime};
+  RowLines lines(columns, {});
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Write(lines, timecode), "00:00:00:00\n");
+    EXPECT_EQ(Write(lines, frames), "0\n");
+  }
+}
+
+TEST(RowLines, RowsOfASequenceWithoutProjectHaveNoUsageCount) {
+  rows::Host host;
+  const auto inProject = rows::Collect(host.Add(drafts::MakeOneClip("A")));
+  auto outside = inProject;
+  outside.front().sequence = qelcore::Ref<BE::ISequence>(new fakes::Sequence(drafts::Frame(1)));
+  const std::vector<ColumnID> columns = {kColumnUsageCountInSequence};
+  RowLines lines(columns, {});
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Write(lines, inProject), "1\n");
+    EXPECT_EQ(Write(lines, outside), "\n");
+  }
+}
+
+TEST(RowLines, ARowWithoutTrackItemIsWrittenUnlessAColumnAsksIt) {
+  const std::vector<TrackItemRowData> list(1);
+  const std::vector<ColumnID> plain = {kColumnIndex, kColumnClipName};
+  RowLines lines(plain, {});
+  EXPECT_EQ(Write(lines, list), "1,\n");
+  const std::vector<ColumnID> asking = {kColumnComment};
+  RowLines askingLines(asking, {});
+  EXPECT_THROW(Write(askingLines, list), qelcore::config::null_pointer_exception);
+}
+
+}  // namespace
+}  // namespace Vantrel
