@@ -1,5 +1,6 @@
 #include "host/qelcore/Files.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -19,18 +20,15 @@ bool IsForeignAddress(std::string_view path) {
   return path.starts_with("\\\\") || (path.size() >= 2 && path[1] == ':' && IsLetter(path[0]));
 }
 
-std::string_view Separators(std::string_view path, StorageType storage) {
-  const bool splitsAtBackslash = storage == StorageType::kPlatformFile || IsForeignAddress(path);
-  return splitsAtBackslash ? "/\\" : "/";
-}
-
 /// The last part that is not empty: the name of "media/reel 1/" is "reel 1".
-std::string_view LastPart(std::string_view path, std::string_view separators) {
-  const std::size_t end = path.find_last_not_of(separators);
-  if (end == std::string_view::npos) return {};
-  const std::size_t separator = path.find_last_of(separators, end);
-  const std::size_t start = separator == std::string_view::npos ? 0 : separator + 1;
-  return path.substr(start, end + 1 - start);
+std::string_view LastPart(std::string_view path, StorageType storage) {
+  const bool splitsAtBackslash = storage == StorageType::kPlatformFile || IsForeignAddress(path);
+  const auto isSeparator = [splitsAtBackslash](char byte) {
+    return byte == '/' || (byte == '\\' && splitsAtBackslash);
+  };
+  while (!path.empty() && isSeparator(path.back())) path.remove_suffix(1);
+  const auto before = std::find_if(path.rbegin(), path.rend(), isSeparator);
+  return {before.base(), path.end()};
 }
 
 /// The path as the platform takes it: "/" between parts, never two in a row.
@@ -69,8 +67,7 @@ File::~File() {
 }
 
 UTF8String File::GetNameUTF8() const {
-  const std::string_view path = state->path;
-  return UTF8String(LastPart(path, Separators(path, state->storage)));
+  return UTF8String(LastPart(state->path, state->storage));
 }
 
 UTF8String File::GetPathUTF8() const {

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -77,12 +78,14 @@ ReplacedFile::~ReplacedFile() {
 }
 
 void ReplacedFile::Write(const void* data, std::size_t size) {
+  constexpr std::size_t kStep = std::size_t{4} << 20U;
   TakeRoom(size);
   std::string_view left(static_cast<const char*>(data), size);
   while (!left.empty()) {
-    const ssize_t written = write(descriptor, left.data(), left.size());
+    const ssize_t written = write(descriptor, left.data(), std::min(left.size(), kStep));
     if (written < 0 && errno != EINTR) Fail(errno);
     if (written > 0) left.remove_prefix(static_cast<std::size_t>(written));
+    if (written > 0 && !left.empty()) BeginSync();
   }
 }
 
@@ -143,6 +146,11 @@ void ReplacedFile::TakeRoom(std::size_t size) {
   constexpr std::size_t kLongText = std::size_t{1} << 20U;
   if (temporary.empty() || size < kLongText) return;
   fallocate(descriptor, 0, lseek(descriptor, 0, SEEK_CUR), static_cast<off_t>(size));
+}
+
+// The disk begins with what is written while the rest still is. A wish, too.
+void ReplacedFile::BeginSync() {
+  if (!temporary.empty()) sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
 }
 
 void ReplacedFile::Sync() {

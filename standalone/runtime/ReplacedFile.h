@@ -41,6 +41,7 @@ class ReplacedFile {
   void OpenTemporary(const struct stat* old);
   void InheritFrom(const struct stat& old);
   void TakeRoom(std::size_t size);
+  void BeginSync();
   void Sync();
   void CloseDescriptor();
   [[noreturn]] void Fail(int error) const;

@@ -111,6 +111,14 @@ TEST_F(Files, AreWrittenByteForByte) {
   EXPECT_THAT(Names(), ElementsAre("out.csv"));
 }
 
+/// Longer than what is written in one step.
+TEST_F(Files, LongOnesAreWrittenByteForByte) {
+  std::string text(std::size_t{9} << 20U, '\0');
+  for (std::size_t i = 0; i < text.size(); ++i) text[i] = static_cast<char>('a' + i / 7 % 26);
+  Save(folder / "out.csv", text);
+  EXPECT_TRUE(ReadAll(folder / "out.csv") == text);
+}
+
 TEST_F(Files, MayBeEmpty) {
   Save(folder / "out.csv", "");
   EXPECT_EQ(fs::file_size(folder / "out.csv"), 0U);
