@@ -22,18 +22,20 @@ class Files {
     return files;
   }
 
-  std::string GetTimeline(std::size_t clips) {
-    const std::filesystem::path file = folder / (std::to_string(clips) + ".otio");
-    if (!std::filesystem::exists(file)) {
-      generator::TimelineShape shape;
-      shape.clips = clips;
-      generator::WriteTimeline(file, shape);
-    }
-    return file.native();
+  std::string GetTimeline(std::size_t clips) { return Write({.clips = clips}, ".otio"); }
+  /// One that holds names and times alone.
+  std::string GetLeanTimeline(std::size_t clips) {
+    return Write({.clips = clips, .isLean = true}, "-lean.otio");
   }
   std::string GetOutput() const { return (folder / "index.csv").native(); }
 
  private:
+  std::string Write(const generator::TimelineShape& shape, const char* ending) {
+    const std::filesystem::path file = folder / (std::to_string(shape.clips) + ending);
+    if (!std::filesystem::exists(file)) generator::WriteTimeline(file, shape);
+    return file.native();
+  }
+
   const process::Folder folder;
 };
 
@@ -56,6 +58,10 @@ void Version(benchmark::State& state) {
 
 void StartWithTable(benchmark::State& state) {
   Measure(state, {PROGRAM, "table", "--no-probe", Files::Get().GetTimeline(1000)}, kManyRuns);
+}
+
+void StartWithLeanTable(benchmark::State& state) {
+  Measure(state, {PROGRAM, "table", "--no-probe", Files::Get().GetLeanTimeline(1000)}, kManyRuns);
 }
 
 void ExportDemo(benchmark::State& state) {
@@ -96,6 +102,7 @@ void Register(const char* name, void (*measure)(benchmark::State&),
 const bool isRegistered = [] {
   Register("start/version", &Version);
   Register("start/table_1000", &StartWithTable);
+  Register("start/table_1000_lean", &StartWithLeanTable);
   Register("start/export_demo", &ExportDemo);
   Register("program_table", &Table, {1'000, 100'000});
   Register("program_export", &Export, {1'000, 100'000});

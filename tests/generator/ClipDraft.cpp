@@ -14,6 +14,7 @@ using standalone::MediaDraft;
 using standalone::TrackKind;
 
 constexpr const char* kFileNotFound = "Media file not found";
+constexpr const char* kNoMedia = "Media is missing";
 
 MediaDraft MakeMedia(const MediaFile& file, bool hasRange) {
   MediaDraft media;
@@ -22,7 +23,7 @@ MediaDraft MakeMedia(const MediaFile& file, bool hasRange) {
   if (file.isLocal) media.lookUpPath = file.address;
   media.isOnlineStated = file.availability == Availability::kOnline;
   media.isOffline = !media.isOnlineStated;
-  if (media.isOffline) media.offlineReason = isLost ? "Media is missing" : kFileNotFound;
+  if (media.isOffline) media.offlineReason = isLost ? kNoMedia : kFileNotFound;
   media.codec = file.codec;
   const bool isFile = file.kind == MediaFile::Kind::kFile;
   media.isStill = isFile && file.frames == 1;
@@ -50,13 +51,15 @@ void SetFrameDuration(const PlannedClip& clip, const PlannedTrack& track, ClipDr
     draft.frameDuration = kSamples.ToFrameRate().GetFrameDuration();
   } else if (hasRange) {
     draft.frameDuration = clip.media->pictureBase.ToFrameRate().GetFrameDuration();
-  } else if (clip.media == nullptr) {
+  } else if (clip.media == nullptr && !clip.isWithoutMedia) {
     draft.frameDuration = track.base.ToFrameRate().GetFrameDuration();
   }
 }
 
 void SetMedia(const PlannedClip& clip, const PlannedTrack& track, ClipDraft& draft) {
-  draft.media.isSynthetic = clip.media == nullptr;
+  draft.media.isSynthetic = clip.media == nullptr && !clip.isWithoutMedia;
+  draft.media.isOffline = clip.isWithoutMedia;
+  if (clip.isWithoutMedia) draft.media.offlineReason = kNoMedia;
   if (clip.media == nullptr) return;
   const MediaFile& file = *clip.media;
   draft.media = MakeMedia(file, HasRange(file, track.kind));

@@ -27,6 +27,11 @@ PlannedClip ClipDresser::MakeClip(const Shot& shot) {
   PlannedClip clip;
   clip.length = ToUnits(shot.length);
   clip.offset = ToUnits(shot.offset + 1);
+  if (context.shape.isLean) {
+    clip.name = shot.media->clipName;
+    clip.isWithoutMedia = true;
+    return clip;
+  }
   SetContent(shot, clip);
   AddEffects(clip);
   if (shot.isRetimed) SetSpeed(clip);

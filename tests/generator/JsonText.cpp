@@ -8,7 +8,7 @@ constexpr std::size_t kIndentation = 4;
 
 }  // namespace
 
-JsonText::JsonText(std::ostream& stream) : stream(stream) {
+JsonText::JsonText(std::ostream& stream, Layout layout) : stream(stream), layout(layout) {
   block.reserve(2 * kBlockSize);
 }
 
@@ -60,7 +60,11 @@ void JsonText::BeginLine() {
     block.clear();
   }
   isEmpty = false;
-  if (depth == 0) return;
+  if (depth > 0) BreakLine();
+}
+
+void JsonText::BreakLine() {
+  if (layout == Layout::kOneLine) return;
   block += '\n';
   block.append(kIndentation * depth, ' ');
 }
@@ -79,10 +83,7 @@ void JsonText::Open(char bracket) {
 
 void JsonText::Close(char bracket) {
   --depth;
-  if (!isEmpty) {
-    block += '\n';
-    block.append(kIndentation * depth, ' ');
-  }
+  if (!isEmpty) BreakLine();
   block += bracket;
   isEmpty = false;
 }

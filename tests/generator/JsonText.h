@@ -8,11 +8,12 @@
 
 namespace generator {
 
-/// Writes JSON with a line for each member, as editing programs do. Texts go to the stream by the
-/// block, so that a long file takes no more memory than a short one.
+/// Writes JSON with a line for each member, as editing programs do, or all of it on one line. Texts go
+/// to the stream by the block, so that a long file takes no more memory than a short one.
 class JsonText {
  public:
-  explicit JsonText(std::ostream& stream);
+  enum class Layout { kMemberALine, kOneLine };
+  JsonText(std::ostream& stream, Layout layout);
 
   /// The next element of a list, or the whole text.
   void OpenObject();
@@ -31,12 +32,14 @@ class JsonText {
 
  private:
   void BeginLine();
+  void BreakLine();
   void BeginMember(std::string_view key);
   void Open(char bracket);
   void Close(char bracket);
   void AppendQuoted(std::string_view text);
 
   std::ostream& stream;
+  const Layout layout;
   std::string block;
   std::size_t depth = 0;
   bool isEmpty = true;

@@ -158,7 +158,7 @@ void AddGenerator(JsonText& json, const PlannedClip& clip) {
 
 void AddClip(JsonText& json, const PlannedClip& clip, const PlannedTrack& track) {
   OpenObject(json, "Clip.2");
-  AddMetadata(json, clip);
+  if (!clip.isWithoutMedia) AddMetadata(json, clip);
   json.AddText("name", clip.name);
   const bool hasPictures = clip.media != nullptr && track.kind == TrackKind::kVideo;
   const std::int64_t first = hasPictures ? clip.media->firstFrame : 0;
@@ -168,7 +168,7 @@ void AddClip(JsonText& json, const PlannedClip& clip, const PlannedTrack& track)
   if (clip.isDisabled) AddBool(json, "enabled", false);
   if (clip.media != nullptr) {
     AddMediaReferences(json, *clip.media, track.kind);
-  } else {
+  } else if (!clip.isWithoutMedia) {
     AddGenerator(json, clip);
   }
   json.CloseObject();

@@ -47,6 +47,8 @@ struct PlannedClip {
   std::int64_t offset = 0;
   /// None: generated.
   const MediaFile* media = nullptr;
+  /// Whether the timeline tells nothing of what the clip plays.
+  bool isWithoutMedia = false;
   Generator generator = Generator::kNone;
   std::string_view font;
   /// Shared by a picture and its sound.

@@ -130,7 +130,7 @@ void WritePlan(JsonText& json, const TimelinePlan& plan) {
 
 void WriteTimeline(std::ostream& stream, const TimelineShape& shape) {
   const TimelinePlan plan(shape);
-  JsonText json(stream);
+  JsonText json(stream, shape.isLean ? JsonText::Layout::kOneLine : JsonText::Layout::kMemberALine);
   WritePlan(json, plan);
 }
 

@@ -56,6 +56,18 @@ TEST(GeneratedFile, HasAnyNumberOfTracksAndAnyShareOfWorldText) {
   }
 }
 
+TEST(GeneratedFile, HasNamesAndTimesAloneWhenItIsLean) {
+  for (const std::size_t clips : {1, 60, 1000}) {
+    SCOPED_TRACE(clips);
+    ASSERT_NO_FATAL_FAILURE(ExpectSame({.clips = clips, .isLean = true}));
+  }
+  const std::string text = Write({.isLean = true});
+  EXPECT_LT(text.size(), 400 * 1000U);
+  for (const char* word : {"\"media_references\"", "\"Effect.1\"", "\"comment\"", "\"Marker.2\""}) {
+    EXPECT_EQ(text.find(word), std::string::npos) << word;
+  }
+}
+
 TEST(GeneratedFile, IsTheSameEachTimeAndAnotherForAnotherSeed) {
   EXPECT_EQ(Write({.seed = 3}), Write({.seed = 3}));
   EXPECT_NE(Write({.seed = 3}), Write({.seed = 7}));

@@ -18,6 +18,9 @@ struct TimelineShape {
   std::size_t tracksOfAKind = 4;
   /// Of a hundred names and notes, how many are written with letters beyond ASCII.
   unsigned worldTextPercent = 10;
+  /// Whether clips have names and times alone, without media, effects and notes, and the file has one
+  /// line: what programs export that hand over the cut and nothing else.
+  bool isLean = false;
 };
 
 }  // namespace generator

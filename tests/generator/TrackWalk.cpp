@@ -71,7 +71,8 @@ class TrackWalk {
 
   void PlaceItem(const Shot& shot) {
     isAfterClip = true;
-    const bool canNest = IsPicture(context) && context.style.shots.media == MediaUse::kCamera;
+    const bool canNest =
+        IsPicture(context) && context.style.shots.media == MediaUse::kCamera && !context.shape.isLean;
     if (canNest && chance.OneIn(400)) {
       sink.AddScene(dresser.MakeScene(shot));
     } else {
