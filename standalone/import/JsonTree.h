@@ -76,7 +76,7 @@ class STANDALONE_API JsonValue {
 /// A timeline of 100,000 clips has millions of them, so a node is kept small: it has a length or an
 /// end, never both.
 struct JsonNode {
-  /// Where the text begins among those of the tree.
+  /// Where the text begins among those of the tree; of an object, the bits of its members' keys.
   std::uint32_t text = 0;
   /// The length of a text or number; of a container, the index of the first node that is not inside it;
   /// 1 for true.
@@ -87,6 +87,11 @@ struct JsonNode {
 
   bool IsContainer() const {
     return type == JsonValue::Type::kObject || type == JsonValue::Type::kArray;
+  }
+  /// A bit that few keys share: most members that readers ask for are absent, which a look at the
+  /// object tells.
+  static constexpr std::uint32_t BitOf(JsonKey key) {
+    return std::uint32_t{1} << static_cast<unsigned>(key) % 32U;
   }
 };
 
@@ -172,7 +177,7 @@ inline JsonValue::Type JsonValue::GetType() const {
 }
 
 inline JsonValue JsonValue::operator[](JsonKey key) const {
-  if (!IsObject()) return {};
+  if (!IsObject() || (GetNode().text & JsonNode::BitOf(key)) == 0) return {};
   const std::uint32_t last = GetNode().extent;
   for (std::uint32_t member = index + 1; member < last; member = tree->GetEnd(member)) {
     if (tree->nodes[member].key == key) return {tree, member};

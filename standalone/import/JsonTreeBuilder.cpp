@@ -232,6 +232,7 @@ void JsonTreeBuilder::NoteRepeat(std::string_view name) {
     tree.repairs.repeatedMemberName = KeepName(name);
   }
   keys.set(position);
+  open.back().keyBits |= JsonNode::BitOf(key);
 }
 
 bool JsonTreeBuilder::Open(JsonValue::Type type) {
@@ -256,7 +257,9 @@ bool JsonTreeBuilder::Close(unsigned count, bool isObject) {
     if (--droppedDepth == 0) EndUnread(count != 0, isObject);
     return true;
   }
-  tree.nodes[open.back().node].extent = static_cast<std::uint32_t>(tree.nodes.size());
+  JsonNode& node = tree.nodes[open.back().node];
+  node.extent = static_cast<std::uint32_t>(tree.nodes.size());
+  node.text = open.back().keyBits;
   open.pop_back();
   return true;
 }

@@ -45,6 +45,7 @@ class JsonTreeBuilder {
     JsonContext context;
     /// The keys that an object has so far.
     std::bitset<static_cast<std::size_t>(JsonKey::kCount)> keys;
+    std::uint32_t keyBits = 0;
   };
 
   bool IsWanted(bool hasContent);

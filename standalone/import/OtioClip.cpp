@@ -13,10 +13,10 @@ namespace {
 
 /// The metadata of a clip that is read again and again.
 struct ClipMetadata {
-  explicit ClipMetadata(JsonValue item)
-      : index(GetIndexMetadata(item)),
-        cmx(item[JsonKey::kMetadata][JsonKey::kCMX3600]),
-        xml(item[JsonKey::kMetadata][JsonKey::kFCPXML7]) {}
+  explicit ClipMetadata(JsonValue metadata)
+      : index(metadata[JsonKey::kSequenceIndex]),
+        cmx(metadata[JsonKey::kCMX3600]),
+        xml(metadata[JsonKey::kFCPXML7]) {}
 
   JsonValue index;
   JsonValue cmx;
@@ -116,10 +116,10 @@ void CheckItem(JsonValue item, OtioImport& import, const OtioPlace& place) {
 }
 
 /// What clips, nested items and unknown ones have in common.
-ClipDraft ReadItem(JsonValue item, JsonValue reference, OtioImport& import, const OtioPlace& place) {
+void ReadItem(JsonValue item, JsonValue reference, OtioImport& import, const OtioPlace& place,
+              ClipDraft& clip) {
   CheckItem(item, import, place);
-  const ClipMetadata metadata(item);
-  ClipDraft clip;
+  const ClipMetadata metadata(item[JsonKey::kMetadata]);
   clip.name = item[JsonKey::kName].GetString();
   clip.sourceClipName = metadata.index[JsonKey::kSourceClipName].GetString();
   clip.videoInfo = metadata.index[JsonKey::kVideoInfo].GetString();
@@ -129,7 +129,6 @@ ClipDraft ReadItem(JsonValue item, JsonValue reference, OtioImport& import, cons
   ReadLabel(item, metadata, import, place, clip);
   ReadRemarks(metadata, reference, clip);
   ReadEffects(item, import, place, clip);
-  return clip;
 }
 
 /// Tells whether the clip's own name was empty and its media had one.
@@ -170,9 +169,10 @@ void ReportGenerator(const OtioReference& reference, OtioReport& report, const O
 
 }  // namespace
 
-ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind kind,
-                       const OtioSequenceRates& rates, OtioImport& import, const OtioPlace& place) {
-  ClipDraft draft = ReadItem(clip, reference.object, import, place);
+void ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind kind,
+                  const OtioSequenceRates& rates, OtioImport& import, const OtioPlace& place,
+                  ClipDraft& draft) {
+  ReadItem(clip, reference.object, import, place, draft);
   OtioReport& report = import.GetReport();
   draft.media = ReadMedia(reference, import, place);
   const OtioReference proxy = FindProxyReference(clip, import, place);
@@ -190,21 +190,18 @@ ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind
   }
   ReadGraphics(clip, reference, draft);
   ReportGenerator(reference, report, place, clip);
-  return draft;
 }
 
-ClipDraft ReadOtioNestedItem(JsonValue item, OtioImport& import, const OtioPlace& place) {
-  ClipDraft draft = ReadItem(item, JsonValue(), import, place);
+void ReadOtioNestedItem(JsonValue item, OtioImport& import, const OtioPlace& place, ClipDraft& draft) {
+  ReadItem(item, JsonValue(), import, place, draft);
   draft.media.isSynthetic = true;
   if (draft.sourceClipName.empty()) draft.sourceClipName = draft.name;
   ReadGraphics(item, OtioReference(), draft);
-  return draft;
 }
 
-ClipDraft ReadOtioUnknownItem(JsonValue item, OtioImport& import, const OtioPlace& place) {
-  ClipDraft draft = ReadItem(item, JsonValue(), import, place);
+void ReadOtioUnknownItem(JsonValue item, OtioImport& import, const OtioPlace& place, ClipDraft& draft) {
+  ReadItem(item, JsonValue(), import, place, draft);
   ReadGraphics(item, OtioReference(), draft);
-  return draft;
 }
 
 }  // namespace standalone

@@ -17,15 +17,18 @@ struct OtioSequenceRates {
   bool isUnknownAudioNamed = false;
 };
 
+// Each of these fills an empty draft where it stays: drafts are large.
+
 /// A clip, as it stands on a track of that kind.
-ClipDraft ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind kind,
-                       const OtioSequenceRates& rates, OtioImport& import, const OtioPlace& place);
+void ReadOtioClip(JsonValue clip, const OtioReference& reference, TrackKind kind,
+                  const OtioSequenceRates& rates, OtioImport& import, const OtioPlace& place,
+                  ClipDraft& draft);
 
 /// A stack or track inside a track: a clip that plays another sequence. Its frame rate and the sequence
 /// are the caller's to set.
-ClipDraft ReadOtioNestedItem(JsonValue item, OtioImport& import, const OtioPlace& place);
+void ReadOtioNestedItem(JsonValue item, OtioImport& import, const OtioPlace& place, ClipDraft& draft);
 
 /// An object of unknown kind that takes time on a track: a clip of which no media is known.
-ClipDraft ReadOtioUnknownItem(JsonValue item, OtioImport& import, const OtioPlace& place);
+void ReadOtioUnknownItem(JsonValue item, OtioImport& import, const OtioPlace& place, ClipDraft& draft);
 
 }  // namespace standalone

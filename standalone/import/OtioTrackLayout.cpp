@@ -38,8 +38,10 @@ class TrackLayout {
   /// The next item takes the time from the end of the last one to the position.
   void MoveToPosition();
   bool IsVisible() const;
-  /// Adds the item between start and end, which is visible, cut to the window.
-  void Append(std::optional<ClipDraft>&& clip);
+  /// Adds an item between start and end, which is visible, cut to the window.
+  TrackItemDraft& Append();
+  /// The clip of such an item, to be filled.
+  ClipDraft& AppendClip();
   void DropTrailingGaps();
   void NoteLooseTransition();
   void ReportOutside(const OtioPlace& place, JsonValue item);
@@ -136,7 +138,7 @@ void TrackLayout::NoteLooseTransition() {
 void TrackLayout::PlaceGap(JsonValue gap) {
   NoteLooseTransition();
   Advance(gap, "gap", ReadOtioRange(gap[JsonKey::kSourceRange]));
-  if (IsVisible()) Append(std::nullopt);
+  if (IsVisible()) Append();
   ReportGap(gap, import, PlaceOf("gap", gap[JsonKey::kName].GetText()));
   if (IsVisible() && gapsAtEnd++ == 0) firstGapAtEnd = gap;
   isAfterClip = false;
@@ -154,7 +156,7 @@ void TrackLayout::PlaceClip(JsonValue clip) {
   }
   ReportMarkers(clip, import, place);
   ReportClipRange(clip, own, reference.availableRange, import, place);
-  Append(ReadOtioClip(clip, reference, source.kind, context.rates, import, place));
+  ReadOtioClip(clip, reference, source.kind, context.rates, import, place, AppendClip());
 }
 
 void TrackLayout::PlaceNested(JsonValue item, OtioKind kind) {
@@ -174,13 +176,13 @@ void TrackLayout::PlaceNested(JsonValue item, OtioKind kind) {
   }
   ReportMarkers(item, import, place);
   import.GetReport().Count(OtioRemark::kNestedContents, place, item);
-  ClipDraft clip = ReadOtioNestedItem(item, import, place);
+  ClipDraft& clip = AppendClip();
+  ReadOtioNestedItem(item, import, place, clip);
   if (clip.name.empty()) clip.name = nested.name;
   if (clip.sourceClipName.empty()) clip.sourceClipName = nested.name;
   const bool isVideo = source.kind == TrackKind::kVideo;
   clip.frameDuration = (isVideo ? nested.videoRate : nested.audioRate).GetFrameDuration();
   clip.nestedSequence = nested.index;
-  Append(std::move(clip));
 }
 
 /// An object that the format's vocabulary lacks still takes its time.
@@ -204,10 +206,10 @@ void TrackLayout::PlaceUnknown(JsonValue item, const OtioSchema& schema) {
   if (children.IsArray() && CountElements(children) > 0) {
     import.GetReport().Count(OtioRemark::kUnknownContents, place, item);
   }
-  ClipDraft clip = ReadOtioUnknownItem(item, import, place);
+  ClipDraft& clip = AppendClip();
+  ReadOtioUnknownItem(item, import, place, clip);
   if (source.kind == TrackKind::kAudio)
     clip.frameDuration = context.rates.unknownAudio.GetFrameDuration();
-  Append(std::move(clip));
 }
 
 void TrackLayout::Advance(JsonValue item, std::string_view word, const OtioRange& range) {
@@ -246,15 +248,20 @@ bool TrackLayout::IsVisible() const {
   return end > window.lowest || (end == window.lowest && isEmpty);
 }
 
-void TrackLayout::Append(std::optional<ClipDraft>&& clip) {
-  isAfterClip = clip.has_value();
-  if (clip) {
-    clip->headTransition = std::exchange(pendingTransition, std::nullopt);
-    looseTransition = JsonValue();
-    gapsAtEnd = 0;
-  }
-  track.items.push_back(
-      TrackItemDraft{std::max(start, window.lowest), std::min(end, window.highest), std::move(clip)});
+TrackItemDraft& TrackLayout::Append() {
+  TrackItemDraft& item = track.items.emplace_back();
+  item.start = std::max(start, window.lowest);
+  item.end = std::min(end, window.highest);
+  return item;
+}
+
+ClipDraft& TrackLayout::AppendClip() {
+  ClipDraft& clip = Append().clip.emplace();
+  clip.headTransition = std::exchange(pendingTransition, std::nullopt);
+  isAfterClip = true;
+  looseTransition = JsonValue();
+  gapsAtEnd = 0;
+  return clip;
 }
 
 void TrackLayout::DropTrailingGaps() {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,20 @@ TEST(JsonTrees, MembersOfFreeNamesKeepTheirNames) {
   }
   EXPECT_EQ(names, (std::vector<std::string>{"A", "B", "C"}));
   EXPECT_EQ(parsed[JsonKey::kName].GetText(), "n");
+}
+
+TEST(JsonTrees, AnObjectHasTheMembersThatItIsWrittenWithAndNoOthers) {
+  const Parsed parsed(R"({"name": "yes", "tracks": {"duration": 2}, "enabled": true})");
+  const auto expectOnly = [](JsonValue object, const std::vector<JsonKey>& members) {
+    for (int i = static_cast<int>(JsonKey::kSchema); i < static_cast<int>(JsonKey::kCount); ++i) {
+      const auto key = static_cast<JsonKey>(i);
+      const bool isMember = std::find(members.begin(), members.end(), key) != members.end();
+      EXPECT_EQ(object[key].HasValue(), isMember) << i;
+    }
+  };
+  expectOnly(parsed.tree.GetRoot(), {JsonKey::kName, JsonKey::kTracks, JsonKey::kEnabled});
+  expectOnly(parsed[JsonKey::kTracks], {JsonKey::kDuration});
+  expectOnly(parsed[JsonKey::kName], {});
 }
 
 TEST(JsonTrees, MissingValuesAnswerEverything) {
