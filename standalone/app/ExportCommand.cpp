@@ -67,7 +67,7 @@ void RunExport(const ExportArguments& arguments) {
     const bool isStream = arguments.output == kStream;
     const fs::path path = isStream ? fs::path() : ResolveOutput(arguments);
     DocumentReader reader(arguments.options.reading);
-    IndexSession session;
+    IndexSession session(arguments.options.reading.isProbing);
     SetUpPanel(session, arguments.options);
     ShowTimeline(session, reader, arguments.file, arguments.options);
     if (isStream) {

@@ -18,9 +18,9 @@ namespace {
 constexpr UIF::CommandID kExportCommandID = 36003;
 constexpr std::uint32_t kNoModifierKeys = 0;
 
-Runtime::Setup MakeSetup() {
+Runtime::Setup MakeSetup(bool isProbing) {
   Runtime::Setup setup;
-  setup.poolThreads = std::max(1U, std::thread::hardware_concurrency());
+  setup.poolThreads = isProbing ? std::max(1U, std::thread::hardware_concurrency()) : 1;
   return setup;
 }
 
@@ -35,7 +35,8 @@ Control& FindControl(const UIF::TabView& panel) {
 
 }  // namespace
 
-IndexSession::IndexSession() : host(MakeSetup()), module(GetModuleLibraryPath()), panelCloser(host) {
+IndexSession::IndexSession(bool isProbing)
+    : host(MakeSetup(isProbing)), module(GetModuleLibraryPath()), panelCloser(host) {
   SwitchFeature("SequenceIndex", true);
   const bool isOpen = CallPanel([this] { return host.OpenPanel() != nullptr; });
   if (!isOpen) throw std::runtime_error("The Sequence Index panel can't be opened.");

@@ -20,8 +20,10 @@ namespace standalone {
 /// std::runtime_error: a failed build must not pass as an empty table.
 class IndexSession {
  public:
-  /// Throws: std::runtime_error when the module can't be loaded or its panel can't be opened.
-  IndexSession();
+  /// `isProbing`: media files will be read, by as many threads as there are processors; builds of the
+  /// index run one after the other, on one. Throws: std::runtime_error when the module can't be loaded
+  /// or its panel can't be opened.
+  explicit IndexSession(bool isProbing = true);
   /// Closes the panel and unloads the module.
   ~IndexSession() = default;
   IndexSession(const IndexSession&) = delete;

@@ -76,7 +76,7 @@ bool RunFile(const std::string& file, const TableArguments& arguments, DocumentR
              TablePrinter& printer) {
   try {
     // One for each file, so that no more than one is in memory.
-    IndexSession session;
+    IndexSession session(arguments.options.reading.isProbing);
     SetUpPanel(session, arguments.options);
     if (!ShowFile(session, reader, file, arguments.options)) return false;
     printer.Print(file, session);

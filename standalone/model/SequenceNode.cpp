@@ -18,7 +18,10 @@ SequenceNode::StationFace<Interface>::~StationFace() {
 }
 
 SequenceNode::SequenceNode(qelcore::Ref<SequenceContent> content)
-    : contentStation(*this), trackGroupStation(*this), content(std::move(content)) {}
+    : contentStation(*this),
+      trackGroupStation(*this),
+      content(std::move(content)),
+      zeroPoint(this->content->zeroPoint) {}
 
 void SequenceNode::AddRef() const noexcept {
   count.fetch_add(1, std::memory_order_relaxed);
@@ -65,6 +68,7 @@ qelcore::Ref<SequenceContent> SequenceNode::GetContent() const {
 qelcore::Ref<SequenceContent> SequenceNode::Publish(qelcore::Ref<SequenceContent> next) {
   const ModelWriteLock writing;
   const std::lock_guard lock(contentMutex);
+  zeroPoint = next->zeroPoint;
   std::swap(content, next);
   return next;
 }

@@ -35,6 +35,10 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// What is published at this moment. [any-thread]
   qelcore::Ref<SequenceContent> GetContent() const;
 
+  /// The zero point of what is published, without the lock: tables ask for it with each cell that they
+  /// draw. [any-thread]
+  qelmediatypes::TickTime GetZeroPoint() const noexcept { return zeroPoint; }
+
   /// Publishes `next`; waits until nobody holds the read lock. Returns what was published before.
   /// Throws: qel_exception when the calling thread holds the read lock. [any-thread]
   qelcore::Ref<SequenceContent> Publish(qelcore::Ref<SequenceContent> next);
@@ -77,6 +81,7 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// Guards the pointer, not what it leads to.
   mutable std::mutex contentMutex;
   qelcore::Ref<SequenceContent> content;
+  std::atomic<qelmediatypes::TickTime> zeroPoint;
   qelcore::Ref<PlayerNode> player;
 };
 

@@ -72,8 +72,8 @@ bool IsSynthetic(Borrowed<IMedia> media) {
 namespace SequenceUtils {
 
 qelmediatypes::TickTime GetZeroPoint(const Ref<ISequence>& sequence) {
-  const auto content = standalone::FindContent(sequence);
-  return content ? content->zeroPoint : qelmediatypes::TickTime();
+  const auto* const node = qelcore::FindInterface<standalone::SequenceNode>(sequence.Get());
+  return node == nullptr ? qelmediatypes::TickTime() : node->GetZeroPoint();
 }
 
 }  // namespace SequenceUtils

@@ -16,9 +16,13 @@ namespace {
 
 std::atomic<Runtime*> currentRuntime = nullptr;
 
-// The main thread of the runtime that exists; none: there is none. Apart from it, since operations that
-// a table calls for each of a million rows look here.
-std::atomic<std::thread::id> checkedThread;
+// Each thread has its own, whose address tells it from the others: to ask for a thread's identifier
+// would be a call.
+thread_local constinit char threadMark = 0;
+
+// The mark of the main thread of the runtime that exists; null: there is none. Apart from it, since
+// operations that a table calls for each of a million rows look here.
+std::atomic<const char*> checkedThread = nullptr;
 
 // How long Drain sleeps at most before it looks at the pool again while a function is not due yet.
 constexpr std::chrono::milliseconds kLongestSleep{20};
@@ -49,14 +53,14 @@ Runtime::Runtime() : Runtime(Setup()) {}
 
 Runtime::Runtime(Setup setup) : state(std::make_unique<State>(std::move(setup))) {
   if (currentRuntime.exchange(this) != nullptr) StopProgram("Runtime", "exists already");
-  checkedThread = state->mainThread;
+  checkedThread = &threadMark;
 }
 
 Runtime::~Runtime() {
   // What is dropped may submit and post once more, so the runtime stays in place until nothing is left.
   if (state->pool != nullptr) state->pool->Stop();
   state->mainQueue.DropAll();
-  checkedThread = std::thread::id();
+  checkedThread = nullptr;
   currentRuntime.store(nullptr);
 }
 
@@ -104,8 +108,8 @@ bool Runtime::IsMainThread() const noexcept {
 }
 
 void AssertMainThread(const char* operation) {
-  const std::thread::id expected = checkedThread.load();
-  if (expected == std::thread::id() || expected == std::this_thread::get_id()) return;
+  const char* const expected = checkedThread.load();
+  if (expected == nullptr || expected == &threadMark) return;
   StopProgram(operation, "was called off the main thread");
 }
 

@@ -21,8 +21,9 @@ class ColorsProvider final : public ui::ThemeProvider {
   standalone::ThemeColors colors;
 };
 
-std::shared_ptr<const ui::ThemeProvider> MakeProvider(standalone::ThemeName name) {
-  return std::make_shared<const ColorsProvider>(standalone::GetColorsOfTheme(name));
+/// Each cell of a table asks for its provider, so none is counted: they live as long as the program.
+std::shared_ptr<const ui::ThemeProvider> Share(const ColorsProvider& provider) {
+  return {std::shared_ptr<const void>(), &provider};
 }
 
 }  // namespace
@@ -34,9 +35,9 @@ ThemeProvider::~ThemeProvider() = default;
 
 std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider() {
   standalone::AssertMainThread("GetDefaultThemeProvider");
-  static const auto dark = MakeProvider(standalone::ThemeName::kDark);
-  static const auto light = MakeProvider(standalone::ThemeName::kLight);
-  return standalone::GetTheme() == standalone::ThemeName::kLight ? light : dark;
+  static const ColorsProvider dark(standalone::GetColorsOfTheme(standalone::ThemeName::kDark));
+  static const ColorsProvider light(standalone::GetColorsOfTheme(standalone::ThemeName::kLight));
+  return Share(standalone::GetTheme() == standalone::ThemeName::kLight ? light : dark);
 }
 
 qelcore::UTF8String GetFontName(std::uint32_t number) {

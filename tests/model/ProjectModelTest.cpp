@@ -7,6 +7,7 @@
 #include <typeinfo>
 #include <vector>
 
+#include "host/BE/Utilities.h"
 #include "host/qelcore/Exceptions.h"
 #include "model/ProjectModelFixture.h"
 
@@ -112,6 +113,7 @@ TEST_F(ProjectModelTest, AChangedNameStartOrFormatIsAnnouncedOnTheProjectsStatio
   EXPECT_EQ(TakeNotes(), (Notes{"content: changed B", "project: changed B"}));
   draft.zeroPoint = drafts::Frame(1);
   project->ReplaceSequence(sequence, draft);
+  EXPECT_EQ(BE::SequenceUtils::GetZeroPoint(sequence), drafts::Frame(1));
   EXPECT_EQ(TakeNotes(), (Notes{"content: changed B", "project: changed B"}));
   draft.videoRate = qelmediatypes::FrameRate::FromRational(30, 1);
   project->ReplaceSequence(sequence, draft);

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstddef>
 #include <exception>
+#include <filesystem>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -136,6 +139,19 @@ TEST(IndexSession, WritesWhatThePanelShows) {
 TEST(IndexSession, ADocumentWithoutTimelineIsAFailure) {
   IndexSession session;
   EXPECT_THROW(session.ShowDocument({}), std::runtime_error);
+}
+
+std::ptrdiff_t CountThreads() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+}
+
+TEST(IndexSession, BuildsOnOneThreadWhenNoMediaFilesWillBeRead) {
+  const std::ptrdiff_t before = CountThreads();
+  constexpr bool kIsProbing = false;
+  IndexSession session(kIsProbing);
+  session.ShowDocument(MakeDocument());
+  EXPECT_EQ(session.GetTree().CountRows(), 1U);
+  EXPECT_EQ(CountThreads(), before + 1);
 }
 
 TEST(IndexSession, OneFollowsAnother) {
