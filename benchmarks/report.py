@@ -223,14 +223,20 @@ def choose(program, pattern, is_quick):
     return [name for name in names if not is_quick or not re.search(r"/1000000(/|$)", name)]
 
 
+def escape(name):
+    """As the programs' regular expressions want it, which know no escape of ordinary characters."""
+    return re.sub(r"([][.^$*+?(){}|\\])", r"\\\1", name)
+
+
 def run(program, names, options):
     with tempfile.NamedTemporaryFile(suffix=".json") as output:
         command = [program, f"--benchmark_out={output.name}", "--benchmark_out_format=json",
-                   f"--benchmark_filter=^({'|'.join(map(re.escape, names))})$", *options]
+                   f"--benchmark_filter=^({'|'.join(map(escape, names))})$", *options]
         done = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
-        if done.returncode != 0:
+        text = output.read()
+        if done.returncode != 0 or not text:
             sys.exit(f"{program} failed: {done.stderr}")
-        return json.load(output)
+        return json.loads(text)
 
 
 def measure(programs, arguments):

@@ -4,6 +4,7 @@ import contextlib
 import io
 import json
 import pathlib
+import re
 import sys
 import tempfile
 import unittest
@@ -142,6 +143,8 @@ times = {times}
 options = dict(word.lstrip("-").partition("=")[::2] for word in sys.argv[1:])
 if "benchmark_list_tests" in options:
     print("\\n".join(times))
+elif re.search(r"\\\\[^][.^$*+?(){{}}|\\\\]", options["benchmark_filter"]):
+    print("Invalid escape in regular expression", file=sys.stderr)  # And a success, as the programs have it.
 else:
     runs = [dict(run_name=name, run_type="iteration", cpu_time=time, real_time=time, time_unit="ms")
             for name, time in times.items() if re.search(options["benchmark_filter"], name)]
@@ -173,6 +176,17 @@ class Command(unittest.TestCase):
         self.assertEqual(self.run_with({"our/10": 1, "their/10": 1})[0], 0)
         self.assertEqual(self.run_with({"our/10": 2, "their/10": 1})[0], 1)
         self.assertEqual(self.run_with({"our/10": 1})[0], 1)
+
+    def test_a_name_may_have_any_characters(self):
+        names = ("filter/offline-media/10", "csv_cell/#/10", "csv_cell/File Name/10", "a (b)+[c]{d}|e^f$g.h*i?/10")
+        code, written = self.run_with({**dict.fromkeys(names, 1), "our/10": 1, "their/10": 1})
+        self.assertEqual(code, 0)
+        for name in names:
+            self.assertIn(name.removesuffix("/10"), written)
+
+    def test_a_program_that_measures_nothing_is_told_of(self):
+        with mock.patch.object(report, "escape", re.escape), self.assertRaisesRegex(SystemExit, "Invalid escape"):
+            self.run_with({"filter/offline-media/10": 1})
 
     def test_what_was_not_asked_for_is_no_failure(self):
         code, written = self.run_with({"our/10": 2, "their/10": 1, "other": 1}, "--filter", "^other$")
