@@ -44,7 +44,7 @@ class STANDALONE_API LargeBlocks {
     void* memory = nullptr;
     std::size_t bytes = 0;
   };
-  static constexpr std::size_t kMostKept = 16;
+  static constexpr std::size_t kMostKept = 64;
 
   /// A kept block of that size, the last that came back; null without one.
   void* TakeKept(std::size_t bytes) noexcept;

@@ -94,7 +94,7 @@ TEST(LargeBlocks, NoMoreIsKeptThanIsInUse) {
 }
 
 TEST(LargeBlocks, OfManyThatComeBackTheLastAreKept) {
-  constexpr std::size_t kMany = 40;
+  constexpr std::size_t kMany = 100;
   LargeBlocks blocks;
   TakenBlocks inUse(blocks);
   inUse.Take(kMany * kBytes);
