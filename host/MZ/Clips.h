@@ -42,8 +42,7 @@ HOST_API std::uint64_t GetMasterClipUsageCount(const qelcore::Ref<BE::IProject>&
 
 namespace Utilities {
 /// Why a media is offline, for people ("Media file not found").
-HOST_API qelcore::UTF8String GetOfflineReasonDescription(
-    qelcore::Borrowed<BE::IOfflineReason> reason);
+HOST_API qelcore::UTF8String GetOfflineReasonDescription(qelcore::Borrowed<BE::IOfflineReason> reason);
 }  // namespace Utilities
 
 namespace SettingsDescriptions {
