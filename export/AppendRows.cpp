@@ -1,5 +1,6 @@
 #include "export/AppendRows.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <future>
 #include <string_view>
@@ -35,10 +36,10 @@ class LowerBlocks {
 
   void AppendTo(qelcore::oUTF8StringStream& stream) const {
     std::string_view left = text.str();
-    for (auto begin = begins.rbegin(); begin != begins.rend(); ++begin) {
-      stream << left.substr(*begin);
-      left = left.substr(0, *begin);
-    }
+    std::for_each(begins.rbegin(), begins.rend(), [&](std::size_t begin) {
+      stream << left.substr(begin);
+      left = left.substr(0, begin);
+    });
   }
 
  private:
