@@ -3,8 +3,9 @@
 namespace Vantrel {
 namespace {
 
-/// The first two lines of a cache, in which most of what is asked of an object lies.
+/// The first two lines of a cache, in which most of what is asked of an object lies; of null, nothing.
 void Fetch(const void* object) noexcept {
+  if (object == nullptr) return;
   constexpr std::size_t kCacheLine = 64;
   __builtin_prefetch(object);
   __builtin_prefetch(static_cast<const char*>(object) + kCacheLine);

@@ -1,8 +1,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
-#include <cstdint>
-#include <filesystem>
 
 #include "import/TimelineFiles.h"
 #include "standalone/app/IndexSession.h"
@@ -31,17 +29,9 @@ void FileToCSV(benchmark::State& state) {
     session.ShowDocument(standalone::ReadTimelineFile(file).document);
     session.Export(folder / "cut.csv");
   }
-  state.SetItemsProcessed(state.iterations() * state.range());
-  state.SetBytesProcessed(state.iterations() *
-                          static_cast<std::int64_t>(std::filesystem::file_size(file)));
+  benchmarks::CountFile(state, file);
 }
 
-BENCHMARK(FileToCSV)
-    ->Name("file_to_csv")
-    ->Arg(1'000)
-    ->Arg(10'000)
-    ->Arg(100'000)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime();
+const bool isRegistered = benchmarks::RegisterFileStage("file_to_csv", FileToCSV) != nullptr;
 
 }  // namespace

@@ -1,8 +1,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
-#include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <utility>
 
@@ -44,9 +42,7 @@ void Import(benchmark::State& state) {
     project.Add(standalone::ReadTimelineFile(file).document);
     project.Clear();
   }
-  state.SetItemsProcessed(state.iterations() * state.range());
-  state.SetBytesProcessed(state.iterations() *
-                          static_cast<std::int64_t>(std::filesystem::file_size(file)));
+  benchmarks::CountFile(state, file);
 }
 
 // The last step of it: a read document becomes sequences.
@@ -65,21 +61,7 @@ void Publish(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * state.range());
 }
 
-BENCHMARK(Import)
-    ->Name("import")
-    ->Arg(1'000)
-    ->Arg(10'000)
-    ->Arg(100'000)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime();
-
-BENCHMARK(Publish)
-    ->Name("publish")
-    ->Arg(1'000)
-    ->Arg(10'000)
-    ->Arg(100'000)
-    ->Arg(1'000'000)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime();
+const bool areRegistered = benchmarks::RegisterFileStage("import", Import) != nullptr &&
+                           benchmarks::RegisterFileStage("publish", Publish)->Arg(1'000'000) != nullptr;
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <rapidjson/reader.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 
 #include "import/TimelineFiles.h"
@@ -22,25 +21,16 @@ constexpr unsigned kParseFlags =
 // The least that reading a timeline can cost: its file is read, and parsed for nothing.
 void Parse(benchmark::State& state) {
   const auto& file = benchmarks::GetTimelineFile(static_cast<std::size_t>(state.range()));
-  std::int64_t bytes = 0;
   for (auto _ : state) {
     std::string text = benchmarks::ReadFile(file);
-    bytes += static_cast<std::int64_t>(text.size());
     rapidjson::InsituStringStream stream(text.data());
     rapidjson::BaseReaderHandler<> handler;
     rapidjson::Reader reader;
     if (reader.Parse<kParseFlags>(stream, handler).IsError()) state.SkipWithError("It is no JSON");
   }
-  state.SetItemsProcessed(state.iterations() * state.range());
-  state.SetBytesProcessed(bytes);
+  benchmarks::CountFile(state, file);
 }
 
-BENCHMARK(Parse)
-    ->Name("import_parse")
-    ->Arg(1'000)
-    ->Arg(10'000)
-    ->Arg(100'000)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime();
+const bool isRegistered = benchmarks::RegisterFileStage("import_parse", Parse) != nullptr;
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "import/TimelineFiles.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <map>
 #include <memory>
@@ -36,6 +37,19 @@ std::string ReadFile(const std::filesystem::path& file) {
     throw std::runtime_error(file.string() + " can't be read");
   }
   return content;
+}
+
+benchmark::internal::Benchmark* RegisterFileStage(const char* name,
+                                                  void (*measure)(benchmark::State&)) {
+  auto* const stage = benchmark::RegisterBenchmark(name, measure);
+  for (const std::int64_t clips : {1'000, 10'000, 100'000}) stage->Arg(clips);
+  return stage->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+}
+
+void CountFile(benchmark::State& state, const std::filesystem::path& file) {
+  state.SetItemsProcessed(state.iterations() * state.range());
+  state.SetBytesProcessed(state.iterations() *
+                          static_cast<std::int64_t>(std::filesystem::file_size(file)));
 }
 
 }  // namespace benchmarks

@@ -41,7 +41,8 @@ HOST_API qelmediatypes::TickTime GetZeroPoint(const qelcore::Ref<ISequence>& seq
 }  // namespace SequenceUtils
 
 namespace TrackItemSelectionFactory {
-/// A selection of one track item. Throws: null_pointer_exception for an empty item.
+/// A selection of one track item, which it borrows: valid as long as the item. [any-thread] Throws:
+/// null_pointer_exception for an empty item.
 HOST_API MZ::TrackItemSelection CreateSelection(const qelcore::Ref<ITrackItem>& trackItem);
 }  // namespace TrackItemSelectionFactory
 

@@ -42,11 +42,18 @@ TEST(AppendRows, NoRowsAreNoLines) {
   EXPECT_EQ(stream.str(), "");
 }
 
+/// The first row is written by the calling thread, the last by the other one.
 TEST(AppendRows, AFailureOfEitherThreadReachesTheCaller) {
+  rows::Host host;
+  const auto list = rows::Collect(host.Add(MakeRepeatingSequence()));
   const std::vector<ColumnID> columns = {kColumnComment};
-  const std::vector<TrackItemRowData> list(20000);
-  qelcore::oUTF8StringStream stream;
-  EXPECT_THROW(AppendRows(stream, columns, list, {}), qelcore::config::null_pointer_exception);
+  for (const std::size_t failing : {std::size_t{0}, list.size() - 1}) {
+    auto rows = list;
+    rows[failing].trackItem.Reset();
+    qelcore::oUTF8StringStream stream;
+    EXPECT_THROW(AppendRows(stream, columns, rows, {}), qelcore::config::null_pointer_exception)
+        << failing;
+  }
 }
 
 std::size_t IndexOf(const RowBlocks::Rows& block, const std::vector<TrackItemRowData>& list) {

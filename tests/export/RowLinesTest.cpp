@@ -119,11 +119,15 @@ TEST(RowLines, RowsOfAnotherSequenceAreWrittenItsWay) {
   const auto timecode = rows::Collect(host.Add(draft));
   draft.timeFormat = standalone::TimeFormat::kFrames;
   const auto frames = rows::Collect(host.Add(draft));
-  const std::vector<ColumnID> columns = {kColumnStartTime};
+  const std::vector<ColumnID> columns = {kColumnStartTime, kColumnDuration};
+  const std::string inTimecode = LinesOf(timecode, columns, {});
+  const std::string inFrames = LinesOf(frames, columns, {});
+  EXPECT_TRUE(inTimecode.starts_with("00:00:00:00,00:"));
+  EXPECT_TRUE(inFrames.starts_with("0,"));
   RowLines lines(columns, {});
   for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(Write(lines, timecode), "00:00:00:00\n");
-    EXPECT_EQ(Write(lines, frames), "0\n");
+    EXPECT_EQ(Write(lines, timecode), inTimecode);
+    EXPECT_EQ(Write(lines, frames), inFrames);
   }
 }
 
