@@ -29,7 +29,7 @@ class LowerBlocks {
       begins.push_back(text.str().size());
       lines.Append(text, rows);
       if (begins.size() == 1) {
-        text.Reserve(EstimateBytes(text.str().size(), rows.size(), blocks.CountRows() / 2));
+        text.Reserve(EstimateBytes(text.str().size(), rows.size(), blocks.CountRows()));
       }
     }
   }

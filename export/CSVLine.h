@@ -4,62 +4,81 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
-#include <utility>
 
 #include "export/ShortField.h"
+#include "export/TextArena.h"
 
 namespace Vantrel {
 
 /// One line of the exported text while it is put together, in memory of its own that stays in the
 /// fastest cache; it moves to the text as a whole. One thread at a time.
+///
+/// What adds to the line is told where, and tells where the next begins: the place stays in a register,
+/// where a member would be read and written again for each byte that is stored.
 class CSVLine {
  public:
   /// A line of at most so many fields, each added once and followed by one comma at most.
   explicit CSVLine(std::size_t mostFields);
 
+  /// Where a new line begins.
+  char* Begin() const noexcept { return bytes.get(); }
+
   /// Adds a field, quoted where needed.
-  void AddField(std::string_view text) {
-    if (!text.empty()) AddText(text);
+  char* AddField(char* next, std::string_view text) {
+    return text.empty() ? next : AddText(next, text);
   }
 
   /// Adds a field as it is: it has its quotes.
-  void AddReadyField(std::string_view field) {
-    MakeRoom(field.size());
-    std::memcpy(bytes.get() + size, field.data(), field.size());
-    size += field.size();
-  }
-  void AddReadyField(const ShortField& field) {
-    std::memcpy(bytes.get() + size, field.bytes.data(), ShortField::kRoom);
-    size += field.size;
+  static char* AddReadyField(char* next, const ShortField& field) noexcept {
+    std::memcpy(next, field.bytes.data(), ShortField::kRoom);
+    return next + field.size;
   }
 
-  void AddComma() { bytes[size++] = ','; }
-
-  /// So many bytes; what was added since is GetFrom of that number, valid until more is added.
-  std::size_t GetSize() const noexcept { return size; }
-  std::string_view GetFrom(std::size_t begin) const noexcept {
-    return {bytes.get() + begin, size - begin};
+  /// Adds a field of a TextArena as it is, in steps that take as many bytes as may be read behind it:
+  /// most such fields take one or two, so that nothing is decided by their lengths.
+  char* AddKeptField(char* next, std::string_view field) {
+    constexpr std::size_t kStep = ShortField::kRoom;
+    static_assert(kStep <= TextArena::kBytesBehind);
+    next = MakeRoom(next, field.size());
+    for (std::size_t i = 0; i < field.size(); i += kStep) {
+      std::memcpy(next + i, field.data() + i, kStep);
+    }
+    return next + field.size();
   }
 
-  /// The whole line with its line feed, valid until the next call. A new line begins.
-  std::string_view End() {
-    bytes[size++] = '\n';
-    return {bytes.get(), std::exchange(size, 0)};
+  /// Adds a comma, or nothing, without a decision.
+  static char* AddComma(char* next, bool isAdded) noexcept {
+    *next = ',';
+    return next + (isAdded ? 1 : 0);
+  }
+
+  /// So many bytes stand before; what was added since is GetFrom of that number, valid until more is
+  /// added.
+  std::size_t CountBytes(const char* next) const noexcept {
+    return static_cast<std::size_t>(next - bytes.get());
+  }
+  std::string_view GetFrom(std::size_t begin, const char* next) const noexcept {
+    return {bytes.get() + begin, CountBytes(next) - begin};
+  }
+
+  /// The whole line with its line feed, valid until a new one begins.
+  std::string_view End(char* next) noexcept {
+    *next = '\n';
+    return {bytes.get(), CountBytes(next) + 1};
   }
 
  private:
-  void AddText(std::string_view text);
-  void AddQuoted(std::string_view text);
-  void MakeRoom(std::size_t more) {
-    if (more + spare > capacity - size) Grow(more + spare);
+  char* AddText(char* next, std::string_view text);
+  char* AddQuoted(char* next, std::string_view text);
+  char* MakeRoom(char* next, std::size_t more) {
+    return more + spare > static_cast<std::size_t>(end - next) ? Grow(next, more + spare) : next;
   }
-  void Grow(std::size_t more);
+  char* Grow(const char* next, std::size_t more);
 
   /// Room that is there between any two calls: nobody asks for that of short fields and commas.
   const std::size_t spare;
   std::unique_ptr<char[]> bytes;
-  std::size_t size = 0;
-  std::size_t capacity = 0;
+  const char* end = nullptr;
 };
 
 }  // namespace Vantrel

@@ -1,6 +1,7 @@
 #include "export/MediaFields.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Vantrel {
 namespace {
@@ -19,28 +20,32 @@ void KnownMediaFields::Fetch(const BE::IMedia& media) const noexcept {
 }
 
 FieldsOfMedia& KnownMediaFields::Get(const BE::IMedia& media) {
-  if (2 * (entries.size() + 1) > places.size()) Grow();
-  Entry*& place = places[FindPlace(&media)];
-  if (place == nullptr) place = &entries.emplace_back(Entry{&media, {}});
-  return place->fields;
+  if (2 * (fields.size() + 1) > places.size()) Grow();
+  Place& place = FindPlace(places, &media);
+  if (place.media == nullptr) place = {&media, &fields.emplace_back()};
+  return *place.fields;
 }
 
 void KnownMediaFields::Forget() noexcept {
-  std::ranges::fill(places, nullptr);
-  entries.clear();
+  std::ranges::fill(places, Place());
+  fields.clear();
   texts.Forget();
 }
 
-std::size_t KnownMediaFields::FindPlace(const BE::IMedia* media) const noexcept {
+KnownMediaFields::Place& KnownMediaFields::FindPlace(std::vector<Place>& places,
+                                                     const BE::IMedia* media) noexcept {
   const std::size_t mask = places.size() - 1;
   std::size_t at = Hash(media) & mask;
-  while (places[at] != nullptr && places[at]->media != media) at = (at + 1) & mask;
-  return at;
+  while (places[at].media != nullptr && places[at].media != media) at = (at + 1) & mask;
+  return places[at];
 }
 
 void KnownMediaFields::Grow() {
-  places.assign(std::max(kFewestPlaces, 2 * places.size()), nullptr);
-  for (Entry& entry : entries) places[FindPlace(entry.media)] = &entry;
+  std::vector<Place> grown(std::max(kFewestPlaces, 2 * places.size()));
+  for (const Place& place : places) {
+    if (place.media != nullptr) FindPlace(grown, place.media) = place;
+  }
+  places = std::move(grown);
 }
 
 }  // namespace Vantrel

@@ -34,17 +34,18 @@ class KnownMediaFields {
   void Forget() noexcept;
 
  private:
-  struct Entry {
-    const BE::IMedia* media;
-    FieldsOfMedia fields;
+  /// Tells the media itself, so that its fields are touched only when they are read.
+  struct Place {
+    const BE::IMedia* media = nullptr;
+    FieldsOfMedia* fields = nullptr;
   };
 
-  std::size_t FindPlace(const BE::IMedia* media) const noexcept;
+  static Place& FindPlace(std::vector<Place>& places, const BE::IMedia* media) noexcept;
   void Grow();
 
-  std::deque<Entry> entries;
+  std::deque<FieldsOfMedia> fields;
   /// A power of two of them, at most half of them used; those of one hash stand behind each other.
-  std::vector<Entry*> places;
+  std::vector<Place> places;
   TextArena texts;
 };
 

@@ -22,6 +22,9 @@ constexpr unsigned kFewBits = 6;
 /// Some dozens of colours, hardly two of them in one place.
 constexpr unsigned kColorBits = 9;
 
+/// A row is written in less time than the memory takes to answer once.
+constexpr std::size_t kRowsAhead = 4;
+
 using Rows = std::span<const TrackItemRowData>;
 
 /// How many rows, from the first, are of one sequence and can be asked ahead.
@@ -31,6 +34,14 @@ std::size_t CountBlock(Rows rows) {
     return row.sequence != rows.front().sequence;
   };
   return static_cast<std::size_t>(std::ranges::find_if(most, isOfOther) - most.begin());
+}
+
+std::vector<StoredText> FindStoredTexts(std::span<const ColumnID> columns) {
+  std::vector<StoredText> texts;
+  for (const ColumnID column : columns) {
+    if (const StoredText text = GetStoredText(column)) texts.push_back(text);
+  }
+  return texts;
 }
 
 constexpr bool IsMediaColumn(ColumnID column) noexcept {
@@ -52,6 +63,7 @@ std::size_t KindOf(const TrackItemRowData& row) noexcept {
 
 RowLines::RowLines(std::span<const ColumnID> shownColumns, TickTime zeroPoint)
     : columns(MakeColumns(shownColumns)),
+      storedTexts(FindStoredTexts(shownColumns)),
       asksClips(std::ranges::any_of(shownColumns, IsClipColumn)),
       asksMedia(std::ranges::any_of(shownColumns, IsMediaColumn)),
       zeroPoint(zeroPoint),
@@ -61,7 +73,9 @@ RowLines::RowLines(std::span<const ColumnID> shownColumns, TickTime zeroPoint)
       positions(kPositionBits),
       frameRates{RecentNumbers(kFewBits), RecentNumbers(kFewBits)},
       tracks{RecentNumbers(kFewBits), RecentNumbers(kFewBits)},
-      colors(kColorBits) {}
+      colors(kColorBits) {
+  indexField.Set("1");
+}
 
 std::vector<RowLines::Column> RowLines::MakeColumns(std::span<const ColumnID> shown) {
   std::vector<Column> columns;
@@ -86,11 +100,19 @@ void RowLines::AppendBlock(qelcore::oUTF8StringStream& stream, Rows rows) {
   SetSequence(rows.front().sequence.Get());
   AskAhead(rows);
   for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (i + kRowsAhead < rows.size()) RequestTexts(rows[i + kRowsAhead], clips[i + kRowsAhead]);
     row = &rows[i];
     texts.SetRow(rows[i], clips[i]);
     mediaFields = fieldsAhead[i];
     stream << MakeLine();
   }
+}
+
+/// Of a whole block at once, the first would have left the cache when the last are there.
+void RowLines::RequestTexts(const TrackItemRowData& ahead, RowClip& clip) const {
+  for (const StoredText text : storedTexts) __builtin_prefetch((ahead.*text).View().data());
+  // The host asks the memory for what a project item says when the item is asked for.
+  if (asksClips && !clip.IsGap()) clip.GetProjectItem();
 }
 
 void RowLines::SetSequence(const BE::ISequence* newSequence) {
@@ -122,11 +144,12 @@ void RowLines::AskMediaAhead(std::size_t count) {
 }
 
 std::string_view RowLines::MakeLine() {
+  char* next = line.Begin();
   for (const Column& column : columns) {
-    column.add(*this, column);
-    if (column.hasComma) line.AddComma();
+    next = column.add(*this, column, next);
+    next = CSVLine::AddComma(next, column.hasComma);
   }
-  return line.End();
+  return line.End(next);
 }
 
 /// Found once for each column: what differs from column to column is no question for each row.
@@ -135,63 +158,87 @@ auto RowLines::FindAdd(ColumnID column) -> decltype(Column::add) {
   using Self = const Column&;
   switch (column) {
     case kColumnIndex:
-      return [](Lines lines, Self) { lines.AddIndex(); };
+      return [](Lines l, Self, char* next) { return l.AddIndex(next); };
     case kColumnLabelColor:
-      return [](Lines lines, Self) { lines.AddColor(); };
+      return [](Lines l, Self, char* next) { return l.AddColor(next); };
     case kColumnDuration:
-      return [](Lines l, Self self) { l.AddOfTime(l.durations, l.row->end - l.row->start, self); };
+      return [](Lines l, Self self, char* next) {
+        return l.AddOfTime(l.durations, l.row->end - l.row->start, self, next);
+      };
     case kColumnStartTime:
-      return [](Lines l, Self self) { l.AddOfTime(l.positions, l.zeroPoint + l.row->start, self); };
+      return [](Lines l, Self self, char* next) {
+        return l.AddOfTime(l.positions, l.zeroPoint + l.row->start, self, next);
+      };
     case kColumnEndTime:
-      return [](Lines l, Self self) { l.AddOfTime(l.positions, l.zeroPoint + l.row->end, self); };
+      return [](Lines l, Self self, char* next) {
+        return l.AddOfTime(l.positions, l.zeroPoint + l.row->end, self, next);
+      };
     case kColumnFrameRate:
-      return
-          [](Lines l, Self self) { l.AddOfTime(l.frameRates[KindOf(*l.row)], l.row->frameRate, self); };
+      return [](Lines l, Self self, char* next) {
+        return l.AddOfTime(l.frameRates[KindOf(*l.row)], l.row->frameRate, self, next);
+      };
     case kColumnTrack:
-      return
-          [](Lines l, Self self) { l.AddOfNumber(l.tracks[KindOf(*l.row)], l.row->trackIndex, self); };
+      return [](Lines l, Self self, char* next) {
+        return l.AddOfNumber(l.tracks[KindOf(*l.row)], l.row->trackIndex, self, next);
+      };
     case kColumnFileName:
-      return [](Lines l, Self self) { l.AddOfMedia<MediaField::kFileName>(self); };
+      return &AddOfMedia<MediaField::kFileName>;
     case kColumnFilePath:
-      return [](Lines l, Self self) { l.AddOfMedia<MediaField::kFilePath>(self); };
+      return &AddOfMedia<MediaField::kFilePath>;
     case kColumnOfflineStatus:
-      return [](Lines l, Self self) { l.AddOfMedia<MediaField::kOfflineStatus>(self); };
+      return &AddOfMedia<MediaField::kOfflineStatus>;
     case kColumnUsageCountInSequence:
-      return [](Lines l, Self self) { l.AddOfMedia<MediaField::kUsageCount>(self); };
+      return &AddOfMedia<MediaField::kUsageCount>;
     default:
       break;
   }
   if (GetStoredText(column) != nullptr) {
-    return [](Lines l, Self self) { l.line.AddField((l.row->*self.stored).View()); };
+    return [](Lines l, Self self, char* next) { return l.line.AddField(next, l.row->*self.stored); };
   }
-  return [](Lines l, Self self) { l.line.AddField(self.make(l.texts)); };
+  return [](Lines l, Self self, char* next) { return l.line.AddField(next, self.make(l.texts)); };
 }
 
-/// No two rows share it, so that it is not worth a text of its own.
-void RowLines::AddIndex() {
-  char digits[qelcore::string::kUInt64BufferSize];
-  line.AddField(qelcore::string::ConvertUInt64ToBufferT(row->index + 1, digits));
+/// Mostly one more than that of the row before, which differs in its last digit.
+char* RowLines::AddIndex(char* next) {
+  const bool isNext = row->index == writtenIndex + 1 && row->index % 10 != 9;
+  writtenIndex = row->index;
+  if (isNext) {
+    ++indexField.bytes[indexField.size - 1U];
+  } else {
+    char digits[qelcore::string::kUInt64BufferSize];
+    indexField.Set(qelcore::string::ConvertUInt64ToBufferT(row->index + 1, digits));
+  }
+  return CSVLine::AddReadyField(next, indexField);
 }
 
-void RowLines::AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column) {
-  const std::size_t begin = line.GetSize();
-  line.AddField(column.make(texts));
-  known.Remember(number, line.GetFrom(begin));
+char* RowLines::AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column,
+                             char* next) {
+  const std::size_t begin = line.CountBytes(next);
+  next = line.AddField(next, column.make(texts));
+  known.Remember(number, line.GetFrom(begin, next));
+  return next;
 }
 
-void RowLines::AddColor() {
-  if (const ShortField* const field = colors.Find(row->labelColor)) return line.AddReadyField(*field);
-  const std::size_t begin = line.GetSize();
-  line.AddField(ColorFieldText(row->labelColor));
-  colors.Remember(row->labelColor, line.GetFrom(begin));
+char* RowLines::AddColor(char* next) {
+  if (const ShortField* const field = colors.Find(row->labelColor)) {
+    return CSVLine::AddReadyField(next, *field);
+  }
+  const std::size_t begin = line.CountBytes(next);
+  next = line.AddField(next, ColorFieldText(row->labelColor));
+  colors.Remember(row->labelColor, line.GetFrom(begin, next));
+  return next;
 }
 
 template <MediaField kField>
-void RowLines::AddOfMedia(const Column& column) {
-  if (mediaFields == nullptr) return line.AddField(column.make(texts));
-  std::string_view& field = (*mediaFields)[static_cast<std::size_t>(kField)];
-  if (field.data() == nullptr) field = knownMedia.Keep(QuoteCSVField(column.make(texts)));
-  line.AddReadyField(field);
+char* RowLines::AddOfMedia(RowLines& lines, const Column& column, char* next) {
+  FieldsOfMedia* const fields = lines.mediaFields;
+  if (fields == nullptr) return lines.line.AddField(next, column.make(lines.texts));
+  std::string_view& field = (*fields)[static_cast<std::size_t>(kField)];
+  if (field.data() != nullptr) return lines.line.AddKeptField(next, field);
+  const std::size_t begin = lines.line.CountBytes(next);
+  next = lines.line.AddField(next, column.make(lines.texts));
+  field = lines.knownMedia.Keep(lines.line.GetFrom(begin, next));
+  return next;
 }
 
 }  // namespace Vantrel

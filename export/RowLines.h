@@ -14,6 +14,7 @@
 #include "export/CSVLine.h"
 #include "export/MediaFields.h"
 #include "export/RecentFields.h"
+#include "export/ShortField.h"
 #include "host/BE/Model.h"
 #include "host/qelcore/Reference.h"
 #include "host/qelcore/UTF8StringStream.h"
@@ -39,8 +40,8 @@ class RowLines {
   using RecentNumbers = RecentFields<std::uint64_t>;
 
   struct Column {
-    /// Adds the field of the row.
-    void (*add)(RowLines& lines, const Column& column);
+    /// Adds the field of the row at the end of the line, and tells where the line ends then.
+    char* (*add)(RowLines& lines, const Column& column, char* next);
     /// Where a row holds the text; or else null, and what makes it.
     StoredText stored;
     CellTextSource::Maker make;
@@ -50,25 +51,30 @@ class RowLines {
   static std::vector<Column> MakeColumns(std::span<const ColumnID> shown);
 
   void AppendBlock(qelcore::oUTF8StringStream& stream, std::span<const TrackItemRowData> rows);
+  void RequestTexts(const TrackItemRowData& ahead, RowClip& clip) const;
   void SetSequence(const BE::ISequence* newSequence);
   void AskAhead(std::span<const TrackItemRowData> rows);
   void AskMediaAhead(std::size_t count);
   std::string_view MakeLine();
   static auto FindAdd(ColumnID column) -> decltype(Column::add);
-  void AddOfTime(RecentNumbers& known, qelmediatypes::TickTime time, const Column& column) {
-    AddOfNumber(known, static_cast<std::uint64_t>(time.GetTicks()), column);
+  char* AddOfTime(RecentNumbers& known, qelmediatypes::TickTime time, const Column& column,
+                  char* next) {
+    return AddOfNumber(known, static_cast<std::uint64_t>(time.GetTicks()), column, next);
   }
-  void AddOfNumber(RecentNumbers& known, std::uint64_t number, const Column& column) {
-    if (const ShortField* const field = known.Find(number)) return line.AddReadyField(*field);
-    AddNewNumber(known, number, column);
+  char* AddOfNumber(RecentNumbers& known, std::uint64_t number, const Column& column, char* next) {
+    const ShortField* const field = known.Find(number);
+    return field != nullptr ? CSVLine::AddReadyField(next, *field)
+                            : AddNewNumber(known, number, column, next);
   }
-  void AddIndex();
-  void AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column);
-  void AddColor();
+  char* AddIndex(char* next);
+  char* AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column, char* next);
+  char* AddColor(char* next);
   template <MediaField kField>
-  void AddOfMedia(const Column& column);
+  static char* AddOfMedia(RowLines& lines, const Column& column, char* next);
 
   const std::vector<Column> columns;
+  /// Where the rows hold what is shown.
+  const std::vector<StoredText> storedTexts;
   const bool asksClips;
   const bool asksMedia;
   const qelmediatypes::TickTime zeroPoint;
@@ -77,6 +83,9 @@ class RowLines {
   CellTextSource texts;
   CSVLine line;
   const TrackItemRowData* row = nullptr;
+  /// Of the row before; and how it was written.
+  std::uint64_t writtenIndex = 0;
+  ShortField indexField;
   RecentNumbers durations;
   RecentNumbers positions;
   /// Of picture rows, and of the others.

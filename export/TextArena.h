@@ -12,6 +12,9 @@ namespace Vantrel {
 /// together. One thread at a time.
 class TextArena {
  public:
+  /// So many bytes behind each text may be read, whatever they are.
+  static constexpr std::size_t kBytesBehind = 32;
+
   /// A copy that stays where it is until all are forgotten; its data is never null.
   std::string_view Add(std::string_view text) {
     if (blocks.empty() || text.size() > left) AddBlock(std::max(text.size(), kBlockSize));
@@ -30,7 +33,7 @@ class TextArena {
   static constexpr std::size_t kBlockSize = std::size_t{64} << 10U;
 
   void AddBlock(std::size_t size) {
-    blocks.push_back(std::make_unique_for_overwrite<char[]>(size));
+    blocks.push_back(std::make_unique_for_overwrite<char[]>(size + kBytesBehind));
     next = blocks.back().get();
     left = size;
   }

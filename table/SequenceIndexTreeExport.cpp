@@ -39,12 +39,13 @@ qelcore::UTF8String GetHeaderText(const UI_MultiColumnTreeHeaderRow& headerRow, 
 void AppendHeader(qelcore::oUTF8StringStream& stream, const UI_MultiColumnTreeHeaderRow& headerRow,
                   const std::vector<ColumnID>& columns) {
   CSVLine line(columns.size());
+  char* next = line.Begin();
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (!IsExportedColumn(columns[i])) continue;
-    line.AddField(GetHeaderText(headerRow, columns[i], i));
-    if (HasCommaAfter(i, columns.size())) line.AddComma();
+    next = line.AddField(next, GetHeaderText(headerRow, columns[i], i));
+    next = CSVLine::AddComma(next, HasCommaAfter(i, columns.size()));
   }
-  stream << line.End();
+  stream << line.End(next);
 }
 
 void WriteWholeFile(File& file, std::string_view text) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "data/ColumnIdentifiers.h"
 #include "export/ExportedTable.h"
@@ -51,13 +52,13 @@ void Write(benchmark::State& state, std::size_t clips, bool isSynced) {
   CountRows(state, table.GetRows().size(), text.size());
 }
 
-/// The lines of one column, without file.
-void Fields(benchmark::State& state, std::size_t clips, Vantrel::ColumnID column) {
+/// The lines of some columns, made by one thread, without file.
+void Lines(benchmark::State& state, std::size_t clips, const std::vector<Vantrel::ColumnID>& columns) {
   ExportedTable& table = GetTable(clips);
   std::size_t bytes = 0;
   for (auto _ : state) {
     qelcore::oUTF8StringStream stream;
-    Vantrel::RowLines({&column, 1}, table.GetZeroPoint()).Append(stream, table.GetRows());
+    Vantrel::RowLines(columns, table.GetZeroPoint()).Append(stream, table.GetRows());
     bytes = stream.str().size();
   }
   CountRows(state, table.GetRows().size(), bytes);
@@ -68,6 +69,10 @@ std::string Name(const std::string& stage, std::size_t clips) {
 }
 
 void RegisterAll() {
+  const auto addLines = [](const std::string& stage, const std::vector<Vantrel::ColumnID>& columns) {
+    benchmark::RegisterBenchmark(Name(stage, 100'000).c_str(), Lines, 100'000, columns)
+        ->Unit(benchmark::kMillisecond);
+  };
   for (const std::size_t clips : {1'000, 10'000, 100'000, 1'000'000}) {
     const auto add = [clips](const std::string& stage, auto function, auto... arguments) {
       benchmark::RegisterBenchmark(Name(stage, clips).c_str(), function, clips, arguments...)
@@ -78,10 +83,13 @@ void RegisterAll() {
     add("csv_write", Write, true);
     add("csv_write_unsynced", Write, false);
   }
+  std::vector<Vantrel::ColumnID> columns;
   for (const auto& column : Vantrel::GetColumnCatalogue()) {
+    columns.push_back(column.id);
     const std::string stage = "csv_cell/" + std::string(Vantrel::GetColumnName(column.id).View());
-    benchmark::RegisterBenchmark(Name(stage, 100'000).c_str(), Fields, 100'000, column.id);
+    addLines(stage, {column.id});
   }
+  addLines("csv_lines", columns);
 }
 
 const bool areRegistered = (RegisterAll(), true);

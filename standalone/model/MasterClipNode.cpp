@@ -20,6 +20,12 @@ qelcore::UTF8String ProjectItemNode::GetColumnProperty(std::string_view property
   return propertyName == kCommentProperty ? texts.comment : qelcore::UTF8String();
 }
 
+void ProjectItemNode::RequestTexts() const noexcept {
+  for (const auto* text : {&texts.comment, &texts.description, &texts.tapeName}) {
+    __builtin_prefetch(text->View().data());
+  }
+}
+
 MasterClipNode::MasterClipNode(const SequenceContent& content, qelcore::UTF8String name, Source source,
                                ProjectItemNode::Texts texts)
     : ContentNode(content),
@@ -42,6 +48,7 @@ qelcore::Borrowed<BE::IMedia> MasterClipNode::GetProxyMedia() const {
 }
 
 qelcore::Borrowed<BE::IProjectItem> MasterClipNode::GetProjectItem() {
+  projectItem.RequestTexts();
   return qelcore::Borrowed<BE::IProjectItem>(&projectItem);
 }
 

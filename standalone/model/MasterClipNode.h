@@ -24,6 +24,9 @@ class ProjectItemNode final : public ContentNode<BE::IProjectItem> {
   qelcore::UTF8String GetDescription() const override { return texts.description; }
   qelcore::UTF8String GetTapeName() const override { return texts.tapeName; }
 
+  /// Asks the memory for the texts: whoever asks for the item reads them soon.
+  void RequestTexts() const noexcept;
+
  private:
   Texts texts;
 };

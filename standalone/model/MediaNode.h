@@ -60,7 +60,8 @@ class MediaNode final : public ContentNode<BE::IMedia> {
   qelcore::Borrowed<BE::IVideoSource> GetVideoSource() const override;
 
   bool IsSynthetic() const noexcept { return flags.isSynthetic; }
-  bool BelongsTo(const SequenceContent& other) const noexcept { return &GetContent() == &other; }
+  /// Of what it is a node.
+  using ContentNode::GetContent;
 
   /// How many clip items of the content play media of the address; null without an address. Set once,
   /// while the content is built.

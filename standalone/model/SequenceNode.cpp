@@ -21,6 +21,7 @@ SequenceNode::SequenceNode(qelcore::Ref<SequenceContent> content)
     : contentStation(*this),
       trackGroupStation(*this),
       content(std::move(content)),
+      published(this->content.Get()),
       zeroPoint(this->content->zeroPoint) {}
 
 void SequenceNode::AddRef() const noexcept {
@@ -68,6 +69,7 @@ qelcore::Ref<SequenceContent> SequenceNode::GetContent() const {
 qelcore::Ref<SequenceContent> SequenceNode::Publish(qelcore::Ref<SequenceContent> next) {
   const ModelWriteLock writing;
   const std::lock_guard lock(contentMutex);
+  published = next.Get();
   zeroPoint = next->zeroPoint;
   std::swap(content, next);
   return next;
@@ -81,8 +83,12 @@ void SequenceNode::OpenPlayer() {
   player->Open();
 }
 
+const SequenceNode* FindSequenceNode(const qelcore::Ref<BE::ISequence>& sequence) noexcept {
+  return qelcore::FindInterface<SequenceNode>(sequence.Get());
+}
+
 qelcore::Ref<SequenceContent> FindContent(const qelcore::Ref<BE::ISequence>& sequence) {
-  const auto* const node = qelcore::FindInterface<SequenceNode>(sequence.Get());
+  const SequenceNode* const node = FindSequenceNode(sequence);
   return node == nullptr ? qelcore::Ref<SequenceContent>() : node->GetContent();
 }
 

@@ -35,6 +35,9 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// What is published at this moment. [any-thread]
   qelcore::Ref<SequenceContent> GetContent() const;
 
+  /// Whether this is what is published, without the lock. [any-thread]
+  bool Publishes(const SequenceContent& other) const noexcept { return published == &other; }
+
   /// The zero point of what is published, without the lock: tables ask for it with each cell that they
   /// draw. [any-thread]
   qelmediatypes::TickTime GetZeroPoint() const noexcept { return zeroPoint; }
@@ -81,9 +84,14 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// Guards the pointer, not what it leads to.
   mutable std::mutex contentMutex;
   qelcore::Ref<SequenceContent> content;
+  /// Told without the lock.
+  std::atomic<const SequenceContent*> published;
   std::atomic<qelmediatypes::TickTime> zeroPoint;
   qelcore::Ref<PlayerNode> player;
 };
+
+/// The sequence as a node, or null for one that this host did not make.
+const SequenceNode* FindSequenceNode(const qelcore::Ref<BE::ISequence>& sequence) noexcept;
 
 /// The content of a sequence that this host made, or empty.
 qelcore::Ref<SequenceContent> FindContent(const qelcore::Ref<BE::ISequence>& sequence);

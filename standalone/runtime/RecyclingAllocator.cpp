@@ -135,20 +135,28 @@ struct ThreadBlocks {
 
 thread_local constinit ThreadBlocks threadBlocks;
 
+// Apart from the usual ways, which are short then.
+[[gnu::noinline]] void Refill(FreeList& list, std::size_t sizeClass) {
+  BlockStore::Get().Fill(list, sizeClass);
+}
+[[gnu::noinline]] void GiveSurplus(FreeList& list, std::size_t sizeClass) noexcept {
+  BlockStore::Get().Take(list, sizeClass, kBatch);
+}
+
 void* TakeFrom(FreeList& list, std::size_t sizeClass) {
-  if (list.count == 0) BlockStore::Get().Fill(list, sizeClass);
+  if (list.count == 0) Refill(list, sizeClass);
   return list.Pop();
 }
 
 /// For destructors that run after the thread's own blocks are gone.
-void* TakeFromStore(std::size_t sizeClass) {
+[[gnu::noinline]] void* TakeFromStore(std::size_t sizeClass) {
   FreeList list;
   void* const block = TakeFrom(list, sizeClass);
   BlockStore::Get().Take(list, sizeClass, list.count);
   return block;
 }
 
-void GiveToStore(void* block, std::size_t sizeClass) noexcept {
+[[gnu::noinline]] void GiveToStore(void* block, std::size_t sizeClass) noexcept {
   FreeList list;
   list.Push(block);
   BlockStore::Get().Take(list, sizeClass, 1);
@@ -169,7 +177,7 @@ void GiveBlockBack(void* block, std::size_t bytes) noexcept {
   if (threadBlocksAreGone) return GiveToStore(block, sizeClass);
   FreeList& list = threadBlocks.lists[sizeClass];
   list.Push(block);
-  if (list.count > kKept) BlockStore::Get().Take(list, sizeClass, kBatch);
+  if (list.count > kKept) GiveSurplus(list, sizeClass);
 }
 
 #endif

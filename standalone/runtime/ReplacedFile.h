@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 struct stat;
 
@@ -40,8 +41,7 @@ class ReplacedFile {
   /// `old` is the target that is replaced, or null.
   void OpenTemporary(const struct stat* old);
   void InheritFrom(const struct stat& old);
-  void TakeRoom(std::size_t size);
-  void BeginSync();
+  std::size_t WritePastCache(std::string_view bytes);
   void Sync();
   void CloseDescriptor();
   [[noreturn]] void Fail(int error) const;

@@ -1,6 +1,7 @@
 #include "host/qelcore/Strings.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace qelcore::string {
@@ -99,10 +100,12 @@ UTF8String ToSingleLine(const UTF8String& text, std::size_t maximumCharacters) {
 }
 
 UTF8String UTF16to8(std::u16string_view text) {
-  // Most texts are ASCII from one end to the other.
-  std::string result(text.size(), '\0');
-  if (NarrowASCII(text, result.data())) return UTF8String(result);
-  result.clear();
+  // Most texts are short, and ASCII from one end to the other.
+  std::array<char, 256> narrow;
+  if (text.size() <= narrow.size() && NarrowASCII(text, narrow.data())) {
+    return UTF8String(std::string_view(narrow.data(), text.size()));
+  }
+  std::string result;
   for (std::size_t position = 0; position < text.size();) {
     AppendUTF8(result, NextCharacter(text, position));
   }

@@ -51,6 +51,21 @@ TEST(RowLines, EachColumnAloneSaysTheSame) {
   }
 }
 
+/// Only the last digit is written anew where a number follows the one before.
+TEST(RowLines, NumbersAreThoseOfTheRowsInAnyOrder) {
+  rows::Host host;
+  auto list = rows::Collect(host.Add(MakeRepeatingSequence()));
+  const std::vector<std::uint64_t> indices = {1,  2,  0,  1,   2,   8,     9,      10,     11, 12, 98,
+                                              99, 99, 98, 100, 999, 1'000, 12'344, 12'345, 0,  0,  1};
+  for (std::size_t i = 0; i < indices.size(); ++i) list[i].index = indices[i];
+  list.erase(list.begin() + static_cast<std::ptrdiff_t>(indices.size()), list.end());
+  std::string expected;
+  for (const std::uint64_t index : indices) expected += std::to_string(index + 1) + "\n";
+  const ColumnID column = kColumnIndex;
+  RowLines lines({&column, 1}, {});
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(Write(lines, list), expected) << "time " << i;
+}
+
 /// Clips are asked ahead, a block of rows at a time.
 TEST(RowLines, AnyNumberOfRowsIsWritten) {
   rows::Host host;

@@ -8,9 +8,12 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <thread>
@@ -56,6 +59,24 @@ TEST(FileName, OfAForeignMediaAddressSplitsAtBackslashesToo) {
 TEST(FilePath, StaysAsItWasGiven) {
   EXPECT_EQ(File("/a\\\\b//c", StorageType::kPlatformFile).GetPathUTF8(), "/a\\\\b//c");
 }
+
+/// Ten million bytes at the beginning of a memory page; blocks that lie side by side differ.
+class LongText {
+ public:
+  LongText() {
+    for (std::size_t i = 0; i < kSize; ++i) bytes.get()[i] = static_cast<char>('a' + i / 7 % 26);
+  }
+  std::string_view View() const { return {bytes.get(), kSize}; }
+
+ private:
+  static constexpr std::size_t kSize = 10'000'000;
+  static constexpr std::align_val_t kPage{4096};
+
+  struct Delete {
+    void operator()(char* memory) const { ::operator delete(memory, kPage); }
+  };
+  std::unique_ptr<char, Delete> bytes{static_cast<char*>(::operator new(kSize, kPage))};
+};
 
 class Files : public testing::Test {
  protected:
@@ -111,12 +132,27 @@ TEST_F(Files, AreWrittenByteForByte) {
   EXPECT_THAT(Names(), ElementsAre("out.csv"));
 }
 
-/// Longer than what is written in one step.
-TEST_F(Files, LongOnesAreWrittenByteForByte) {
-  std::string text(std::size_t{9} << 20U, '\0');
-  for (std::size_t i = 0; i < text.size(); ++i) text[i] = static_cast<char>('a' + i / 7 % 26);
-  Save(folder / "out.csv", text);
-  EXPECT_TRUE(ReadAll(folder / "out.csv") == text);
+/// Long texts go to the disk in another way where memory and file stand at whole blocks.
+TEST_F(Files, LongOnesAreWrittenByteForByteFromWhereverTheyStand) {
+  const LongText text;
+  for (const std::size_t begin : {0U, 1U, 512U, 4096U}) {
+    for (const std::size_t size : {2U << 20U, (2U << 20U) + 1U, (9U << 20U) + 5U}) {
+      const std::string_view part = text.View().substr(begin, size);
+      Save(folder / "out.csv", part);
+      EXPECT_TRUE(ReadAll(folder / "out.csv") == part) << begin << " " << size;
+    }
+  }
+}
+
+TEST_F(Files, LongBlocksFollowEachOther) {
+  const LongText text;
+  const std::string_view block = text.View().substr(0, (3U << 20U) + 7U);
+  File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+  file.Create(false);
+  OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+  for (int i = 0; i < 2; ++i) stream.WriteBlock(block.data(), static_cast<std::uint32_t>(block.size()));
+  stream.Close();
+  EXPECT_TRUE(ReadAll(folder / "out.csv") == std::string(block) + std::string(block));
 }
 
 TEST_F(Files, MayBeEmpty) {
@@ -282,27 +318,43 @@ TEST_F(Files, AWriteProtectedFileIsNotReplaced) {
   EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
 }
 
-TEST_F(Files, AFullDiskIsAnErrorAndTheOldFileStays) {
-  Write(folder / "out.csv", "old");
-  // A limit on the size of files stands in for the full disk.
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit small = before;
-  small.rlim_cur = 4096;
-  setrlimit(RLIMIT_FSIZE, &small);
-  {
-    File file((folder / "out.csv").native(), StorageType::kPlatformFile);
-    file.Create(false);
-    OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
-    const std::string text(10000, 'x');
-    EXPECT_THROW(stream.WriteBlock(text.data(), 10000), file_exception);
-    EXPECT_THROW(stream.Close(), file_exception) << "a file with a hole never takes the target's place";
+/// A limit on the size of files stands in for the full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before);
+    rlimit small = before;
+    small.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &small);
   }
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
-  EXPECT_THAT(Names(), ElementsAre("out.csv"));
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+  }
+
+ private:
+  void (*handler)(int);
+  rlimit before{};
+};
+
+TEST_F(Files, AFullDiskIsAnErrorAndTheOldFileStays) {
+  const LongText text;
+  for (const std::uint32_t size : {10'000U, 8U << 20U}) {
+    Write(folder / "out.csv", "old");
+    {
+      const FullDisk disk(size / 2 + 100);
+      File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+      file.Create(false);
+      OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+      EXPECT_THROW(stream.WriteBlock(text.View().data(), size), file_exception);
+      EXPECT_THROW(stream.Close(), file_exception)
+          << "a file with a hole never takes the target's place";
+    }
+    EXPECT_EQ(ReadAll(folder / "out.csv"), "old");
+    EXPECT_THAT(Names(), ElementsAre("out.csv"));
+  }
 }
 
 TEST_F(Files, ATargetThatBecameAFolderMakesCloseFail) {
