@@ -61,7 +61,7 @@ class TrackLayout {
   bool isAfterTransition = false;
   /// Whether the last item of the track is a clip that the next object follows directly.
   bool isAfterClip = false;
-  std::optional<TransitionDraft> pendingTransition;
+  Boxed<TransitionDraft> pendingTransition;
   /// The pending one as long as no clip has it.
   JsonValue looseTransition;
   /// Gaps behind the last clip.
@@ -257,7 +257,7 @@ TrackItemDraft& TrackLayout::Append() {
 
 ClipDraft& TrackLayout::AppendClip() {
   ClipDraft& clip = Append().clip.emplace();
-  clip.headTransition = std::exchange(pendingTransition, std::nullopt);
+  clip.headTransition = std::exchange(pendingTransition, {});
   isAfterClip = true;
   looseTransition = JsonValue();
   gapsAtEnd = 0;

@@ -9,6 +9,7 @@
 #include "host/ZSL/Color.h"
 #include "host/qelmediatypes/FrameRate.h"
 #include "host/qelmediatypes/TickTime.h"
+#include "standalone/model/Boxed.h"
 #include "standalone/model/TimeFormat.h"
 
 /// What an importer, or a test, hands to the model to be published: plain values that name everything
@@ -71,10 +72,10 @@ struct ClipDraft {
   ZSL::Color labelColor;
   std::string labelName;
   MediaDraft media;
-  std::optional<MediaDraft> proxy;
+  Boxed<MediaDraft> proxy;
   std::vector<ComponentDraft> components;
-  std::optional<TransitionDraft> headTransition;
-  std::optional<TransitionDraft> tailTransition;
+  Boxed<TransitionDraft> headTransition;
+  Boxed<TransitionDraft> tailTransition;
   std::string sourceClipName;
   std::string comment;
   std::string description;

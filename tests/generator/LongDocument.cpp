@@ -11,6 +11,7 @@
 namespace generator {
 namespace {
 
+using standalone::Boxed;
 using standalone::ClipDraft;
 using standalone::SequenceDraft;
 using standalone::TrackDraft;
@@ -74,7 +75,7 @@ class TrackFiller final : public ItemSink {
  private:
   ClipDraft& AppendClip(std::int64_t length) {
     ClipDraft& clip = Append(length).clip.emplace();
-    clip.headTransition = std::exchange(pending, std::nullopt);
+    clip.headTransition = std::exchange(pending, {});
     return clip;
   }
 
@@ -101,7 +102,7 @@ class TrackFiller final : public ItemSink {
   const bool isDropFrame;
   std::vector<SequenceDraft>& scenes;
   std::int64_t position = 0;
-  std::optional<TransitionDraft> pending;
+  Boxed<TransitionDraft> pending;
 };
 
 }  // namespace

@@ -17,7 +17,7 @@ std::vector<std::string> RowsOf(const std::string& timeline) {
   return draft::Rows(otio::Read(timeline).document.sequences.at(0), draft::k25);
 }
 
-std::string NameOf(const std::optional<TransitionDraft>& transition) {
+std::string NameOf(const Boxed<TransitionDraft>& transition) {
   return transition ? transition->displayName : "";
 }
 
