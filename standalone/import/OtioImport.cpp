@@ -36,8 +36,10 @@ JsonValue OtioImport::Expect(JsonValue object, JsonKey key, JsonValue::Type type
 
 LocatedMedia& OtioImport::LocateMedia(std::string_view written) {
   if (const auto known = locatedMedia.find(written); known != locatedMedia.end()) return known->second;
-  LocatedMedia media{ReadMediaAddress(written, folder)};
+  LocatedMedia media{.address = ReadMediaAddress(written, folder)};
   roots.Locate(media.address, files);
+  media.text = media.address.text;
+  media.lookUpPath = media.address.lookUpPath.native();
   return locatedMedia.emplace(written, std::move(media)).first->second;
 }
 

@@ -16,12 +16,16 @@
 #include "standalone/import/OtioSchema.h"
 #include "standalone/import/TextHash.h"
 #include "standalone/import/TimelineReader.h"
+#include "standalone/model/SharedText.h"
 
 namespace standalone {
 
 /// A media address of the file, and whether its file exists, as far as that was asked.
 struct LocatedMedia {
   MediaAddress address;
+  /// The address again, as the drafts of all clips that play it share it.
+  SharedText text = {};
+  SharedText lookUpPath = {};
   std::optional<bool> exists = {};
 };
 

@@ -209,8 +209,8 @@ MediaDraft ReadMedia(const OtioReference& reference, OtioImport& import, const O
   const JsonValue index = GetIndexMetadata(reference.object);
   LocatedMedia& located = ReadReferenceAddress(reference, import);
   MediaDraft media;
-  media.address = located.address.text;
-  media.lookUpPath = located.address.lookUpPath.native();
+  media.address = located.text;
+  media.lookUpPath = located.lookUpPath;
   media.isSynthetic =
       index[JsonKey::kSynthetic].GetBool().value_or(reference.kind == OtioKind::kGeneratorReference);
   ReadOffline(reference, located, import, place, media);

@@ -19,8 +19,7 @@ class Boxed {
   Boxed& operator=(Boxed&&) noexcept = default;
   /// Of a value, written in braces too.
   template <typename Given = T>
-    requires std::constructible_from<T, Given>
-  Boxed& operator=(Given&& given) {
+  requires std::constructible_from<T, Given> Boxed& operator=(Given&& given) {
     emplace(std::forward<Given>(given));
     return *this;
   }

@@ -84,7 +84,7 @@ ClipNode& ClipBuilder::Build(const ClipDraft& draft, bool hasPicture, Transition
 }
 
 ClipBuilder::MediaTexts ClipBuilder::ShareTexts(const MediaDraft& draft) {
-  return {texts.Share(draft.address), texts.Share(draft.offlineReason), texts.Share(draft.codec)};
+  return {texts.Share(draft.address.Get()), texts.Share(draft.offlineReason), texts.Share(draft.codec)};
 }
 
 ClipBuilder::SharedMedia& ClipBuilder::ShareMedia(const MediaDraft& draft, const MediaTexts& mediaTexts,

@@ -10,6 +10,7 @@
 #include "host/qelmediatypes/FrameRate.h"
 #include "host/qelmediatypes/TickTime.h"
 #include "standalone/model/Boxed.h"
+#include "standalone/model/SharedText.h"
 #include "standalone/model/TimeFormat.h"
 
 /// What an importer, or a test, hands to the model to be published: plain values that name everything
@@ -19,10 +20,10 @@ namespace standalone {
 /// A media reference of a clip.
 struct MediaDraft {
   /// The address as the file names it, decoded for people; empty for media without a file.
-  std::string address;
+  SharedText address;
   /// Where to look for the file: absolute, or relative to the timeline file; a file inside an archive
   /// lies below the archive's path ("/cuts/harbour.otioz/media/quay.mov"); empty: nowhere.
-  std::string lookUpPath;
+  SharedText lookUpPath;
   bool isSynthetic = false;
   bool isOffline = false;
   /// The timeline itself says that the media is online; a look at the file does not change that.

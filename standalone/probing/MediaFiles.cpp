@@ -16,8 +16,8 @@ std::vector<std::string> GatherMediaFiles(const DocumentDraft& document) {
     for (const TrackDraft& track : sequence.tracks) {
       for (const TrackItemDraft& item : track.items) {
         if (!item.clip || !HasReadableFile(item.clip->media)) continue;
-        const std::string& path = item.clip->media.lookUpPath;
-        if (known.insert(path).second) files.push_back(path);
+        const std::string_view path = item.clip->media.lookUpPath;
+        if (known.insert(path).second) files.emplace_back(path);
       }
     }
   }

@@ -119,7 +119,7 @@ TEST(GeneratedFilters, ColoursMakeOneGroupOfOnePredicateWhateverTheirNumberAndTh
 
 TEST(GeneratedFilters, TheColourGroupStandsBeforeTheToggles) {
   Options options = Selecting({0, 1});
-  options.labelColors = {kViolet};
+  options.labelColors.push_back(kViolet);
   const auto groups = GenerateFiltersFromOptions(options);
   ASSERT_EQ(groups.size(), 2U);
   EXPECT_EQ(groups[0].predicates.size(), 1U);
@@ -138,7 +138,7 @@ TEST(GeneratedFilters, GroupsOutliveTheOptions) {
   std::vector<FilterGroup> groups;
   {
     Options options;
-    options.labelColors = {kViolet};
+    options.labelColors.push_back(kViolet);
     groups = GenerateFiltersFromOptions(options);
   }
   TrackItemRowData row;
@@ -181,13 +181,13 @@ TEST_F(GeneratedFiltersOnRows, PictureAndSoundTogetherPassEveryClipWhenOneFilter
 
 TEST_F(GeneratedFiltersOnRows, AColourIsWantedBesideTheFiltersEvenWhenOneFilterIsEnough) {
   Options options = Selecting({0}, 1);
-  options.labelColors = {kViolet};
+  options.labelColors.push_back(kViolet);
   EXPECT_THAT(Filter(options), ElementsAre("violet picture"));
 }
 
 TEST_F(GeneratedFiltersOnRows, OneOfTheColoursIsEnough) {
   Options options;
-  options.labelColors = {kViolet};
+  options.labelColors.push_back(kViolet);
   EXPECT_THAT(Filter(options), ElementsAre("violet picture", "violet sound"));
   options.labelColors = {{1, 2, 3, 255}, kGreen, kViolet};
   EXPECT_THAT(Filter(options), ElementsAre("violet picture", "green picture", "violet sound"));
@@ -195,7 +195,7 @@ TEST_F(GeneratedFiltersOnRows, OneOfTheColoursIsEnough) {
 
 TEST_F(GeneratedFiltersOnRows, ADifferenceInTheLastDigitOfOneChannelDropsARow) {
   Options options;
-  options.labelColors = {kViolet};
+  options.labelColors.push_back(kViolet);
   const auto original = list.front().labelColor;
   for (float qelui::ColorRGBA::*const channel : {&qelui::ColorRGBA::red, &qelui::ColorRGBA::green,
                                                  &qelui::ColorRGBA::blue, &qelui::ColorRGBA::alpha}) {

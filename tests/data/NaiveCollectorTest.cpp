@@ -66,7 +66,7 @@ class NaiveCollector {
     const bool hasCodec = kind == TrackKind::kVideo && !clip.media.isOffline && !clip.media.isSynthetic;
     Add({name, Place(kind, index, item.start, item.end), std::to_string(clip.frameDuration.GetTicks()),
          std::to_string(clip.labelColor.red), clip.sourceClipName, hasCodec ? clip.media.codec : "",
-         clip.proxy ? clip.proxy->address : "",
+         clip.proxy ? std::string(clip.proxy->address) : "",
          clip.proxy ? (clip.proxy->isOffline ? "Offline" : "Online") : "", missing, effects,
          transitions});
   }

@@ -144,7 +144,7 @@ std::vector<std::string> SearchedTexts(const NaiveRow& row) {
           clip.description,
           hasCodec ? clip.media.codec : "",
           clip.sourceClipName,
-          clip.proxy ? clip.proxy->address : "",
+          clip.proxy ? std::string(clip.proxy->address) : "",
           lists.effects,
           lists.effectsMissing,
           lists.transitions,

@@ -13,10 +13,11 @@ namespace draftlines {
 using Line = std::ostringstream;
 
 inline void AddMedia(const standalone::MediaDraft& media, Line& line) {
-  line << " media{" << media.address << '|' << media.lookUpPath << '|' << media.isSynthetic
-       << media.isOffline << media.isOnlineStated << media.isPendingConnection << media.isGrowing
-       << media.isPendingRelink << media.isStill << media.isStillAssumed << '|' << media.offlineReason
-       << '|' << media.codec << '|' << media.fourCC << '}';
+  line << " media{" << std::string_view(media.address) << '|' << std::string_view(media.lookUpPath)
+       << '|' << media.isSynthetic << media.isOffline << media.isOnlineStated
+       << media.isPendingConnection << media.isGrowing << media.isPendingRelink << media.isStill
+       << media.isStillAssumed << '|' << media.offlineReason << '|' << media.codec << '|'
+       << media.fourCC << '}';
 }
 
 inline void AddComponent(const standalone::ComponentDraft& component, Line& line) {

@@ -105,7 +105,7 @@ TEST(GeneratedDocument, UsesAFileForAboutADozenClips) {
   const DocumentDraft document = generator::MakeDocument({.clips = 20000});
   std::map<std::string, std::size_t> uses;
   for (const ClipDraft* clip : GetClips(document)) {
-    if (!clip->media.address.empty()) ++uses[clip->media.address];
+    if (!clip->media.address.empty()) ++uses[std::string(clip->media.address)];
   }
   EXPECT_GT(uses.size(), 20000U / 20);
   EXPECT_LT(uses.size(), 20000U / 8);

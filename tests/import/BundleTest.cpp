@@ -69,7 +69,7 @@ std::vector<std::string> Media(const ImportResult& result) {
   std::vector<std::string> texts;
   for (const TrackItemDraft& item : result.document.sequences.at(0).tracks.at(0).items) {
     const MediaDraft& media = item.clip.value().media;
-    texts.push_back(media.address + (media.isOffline ? " offline" : " online"));
+    texts.push_back(std::string(media.address) + (media.isOffline ? " offline" : " online"));
   }
   return texts;
 }

@@ -263,7 +263,7 @@ TEST(DemoTimeline, LabelsMostClipsFromThePaletteAndSomeWithAColourOfItsOwn) {
 
 TEST(DemoTimeline, UsesMediaAgainForPictureAndForSound) {
   std::map<std::string, int> uses;
-  for (const PlacedClip& placed : ClipsOf(Sequence())) ++uses[placed.clip.media.address];
+  for (const PlacedClip& placed : ClipsOf(Sequence())) ++uses[std::string(placed.clip.media.address)];
   EXPECT_EQ(uses["media/day1/ferry_pier.mov"], 4);
   EXPECT_EQ(uses["media/sound/harbour_air.m4a"], 4);
   EXPECT_EQ(uses["media/day1/harbour_dawn.mov"], 1);
@@ -280,8 +280,9 @@ TEST(DemoTimeline, HasAMatteAnAdjustmentLayerAndReelsOfCutLists) {
 /// The file of a relative address; nothing that is shipped lies elsewhere.
 void ExpectFile(const MediaDraft& media) {
   if (media.isOffline || media.address.empty()) return;
-  EXPECT_TRUE(fs::path(media.address).is_relative()) << media.address;
-  EXPECT_TRUE(fs::is_regular_file(kSamples / media.address)) << media.address;
+  const fs::path address{std::string_view(media.address)};
+  EXPECT_TRUE(address.is_relative()) << address;
+  EXPECT_TRUE(fs::is_regular_file(kSamples / address)) << address;
 }
 
 TEST(DemoTimeline, ShipsTheFilesOfAllOnlineMedia) {

@@ -20,7 +20,7 @@ TEST(Media, AddressesOfAllFormsAreShownAndNameTheClips) {
   std::vector<std::string> addresses;
   std::vector<std::string> names;
   for (const TrackItemDraft& item : sequence.tracks.at(0).items) {
-    addresses.push_back(item.clip->media.address);
+    addresses.emplace_back(item.clip->media.address);
     names.push_back(item.clip->name);
   }
   EXPECT_THAT(addresses,

@@ -230,8 +230,9 @@ TEST(SampleTimelines, MediaOfAZipBundleIsOnline) {
     const MediaDraft& media = track.items.at(0).clip->media;
     EXPECT_EQ(media.address, "media/BART_2021-02-07.m4v");
     EXPECT_FALSE(media.isOffline);
-    EXPECT_EQ(media.lookUpPath,
-              (SampleFolder() / "SingleClip.otioz" / media.address).lexically_normal());
+    EXPECT_EQ(media.lookUpPath, (SampleFolder() / "SingleClip.otioz" / std::string_view(media.address))
+                                    .lexically_normal()
+                                    .native());
   }
 }
 

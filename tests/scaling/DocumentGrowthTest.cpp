@@ -72,7 +72,7 @@ TEST_F(Growth, AFileThatManyClipsPlayIsReadOnce) {
   for (standalone::TrackItemDraft& item : document.sequences.front().tracks.front().items) {
     if (!item.clip) continue;
     item.clip->media.isOffline = false;
-    item.clip->media.lookUpPath = folder / (std::to_string(next++ % kFiles) + ".mov");
+    item.clip->media.lookUpPath = (folder / (std::to_string(next++ % kFiles) + ".mov")).native();
   }
   for (std::size_t i = 0; i < kFiles; ++i) {
     process::WriteFile(folder / (std::to_string(i) + ".mov"), "picture");
