@@ -47,8 +47,7 @@ const TrackItemRowData* SequenceIndexTree::FindRowData(std::size_t position) con
 
 void SequenceIndexTree::DrawCell(qelui::Drawbot& drawbot, Row* row, std::size_t displayIndex,
                                  const qelui::Rect& cell) const {
-  const auto headerRow = GetHeaderRow();
-  const ColumnID column = qelcore::Required(headerRow).GetColumnAt(displayIndex);
+  const ColumnID column = qelcore::Required(GetHeaderRow()).GetColumnAt(displayIndex);
   const TrackItemRowData* const found = FindRowData(GetRowIndex(row));
   if (found == nullptr) return;
   const TrackItemRowData& data = *found;

@@ -29,7 +29,7 @@ HOST_API std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider();
 
 /// The name of a font of the user interface; 0 is that of plain text. Empty for a number that names
 /// none. [main-thread]
-HOST_API qelcore::UTF8String GetFontName(std::uint32_t number);
+HOST_API const qelcore::UTF8String& GetFontName(std::uint32_t number);
 
 }  // namespace qelui::ui
 

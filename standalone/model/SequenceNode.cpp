@@ -22,7 +22,7 @@ SequenceNode::SequenceNode(qelcore::Ref<SequenceContent> content)
       trackGroupStation(*this),
       content(std::move(content)),
       published(this->content.Get()),
-      zeroPoint(this->content->zeroPoint) {}
+      times(*this->content) {}
 
 void SequenceNode::AddRef() const noexcept {
   count.fetch_add(1, std::memory_order_relaxed);
@@ -50,11 +50,11 @@ qelcore::UTF8String SequenceNode::GetName() const {
 }
 
 qelmediatypes::TickTime SequenceNode::GetVideoFrameDuration() const {
-  return GetContent()->videoFrameDuration;
+  return times.GetVideoFrameDuration();
 }
 
 qelmediatypes::TickTime SequenceNode::GetAudioFrameDuration() const {
-  return GetContent()->audioFrameDuration;
+  return times.GetAudioFrameDuration();
 }
 
 void SequenceNode::VisitChildren(const BE::SequenceVisitor& visitor) const {
@@ -70,7 +70,7 @@ qelcore::Ref<SequenceContent> SequenceNode::Publish(qelcore::Ref<SequenceContent
   const ModelWriteLock writing;
   const std::lock_guard lock(contentMutex);
   published = next.Get();
-  zeroPoint = next->zeroPoint;
+  times.Set(*next);
   std::swap(content, next);
   return next;
 }

@@ -9,6 +9,7 @@
 #include "host/qelcore/Reference.h"
 #include "standalone/model/PlayerNode.h"
 #include "standalone/model/ProjectNode.h"
+#include "standalone/model/PublishedTimes.h"
 #include "standalone/model/SequenceContent.h"
 #include "standalone/model/VisitableSequence.h"
 
@@ -38,9 +39,7 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// Whether this is what is published, without the lock. [any-thread]
   bool Publishes(const SequenceContent& other) const noexcept { return published == &other; }
 
-  /// The zero point of what is published, without the lock: tables ask for it with each cell that they
-  /// draw. [any-thread]
-  qelmediatypes::TickTime GetZeroPoint() const noexcept { return zeroPoint; }
+  const PublishedTimes& GetTimes() const noexcept { return times; }
 
   /// Publishes `next`; waits until nobody holds the read lock. Returns what was published before.
   /// Throws: qel_exception when the calling thread holds the read lock. [any-thread]
@@ -84,9 +83,9 @@ class SequenceNode final : public BE::ISequence, public VisitableSequence {
   /// Guards the pointer, not what it leads to.
   mutable std::mutex contentMutex;
   qelcore::Ref<SequenceContent> content;
-  /// Told without the lock.
+  /// The same, to compare with, and what is told of it without the lock.
   std::atomic<const SequenceContent*> published;
-  std::atomic<qelmediatypes::TickTime> zeroPoint;
+  PublishedTimes times;
   qelcore::Ref<PlayerNode> player;
 };
 

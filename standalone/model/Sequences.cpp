@@ -20,8 +20,8 @@ bool CountsSamples(standalone::TimeFormat format) {
          format == standalone::TimeFormat::kMilliseconds;
 }
 
-TimeDisplay::Count GetPictureCount(const standalone::SequenceContent& content) {
-  switch (content.timeFormat) {
+TimeDisplay::Count GetPictureCount(const standalone::PublishedTimes& times) {
+  switch (times.GetFormat()) {
     case standalone::TimeFormat::kFrames:
       return TimeDisplay::Count::kFrames;
     case standalone::TimeFormat::kFeetAndFrames16mm:
@@ -29,7 +29,7 @@ TimeDisplay::Count GetPictureCount(const standalone::SequenceContent& content) {
     case standalone::TimeFormat::kFeetAndFrames35mm:
       return TimeDisplay::Count::kFeetAndFrames35mm;
     default:
-      return content.isDropFrame ? TimeDisplay::Count::kDropFrame : TimeDisplay::Count::kNonDropFrame;
+      return times.IsDropFrame() ? TimeDisplay::Count::kDropFrame : TimeDisplay::Count::kNonDropFrame;
   }
 }
 
@@ -67,8 +67,9 @@ Ref<BE::IProject> GetSequenceParentProject(const Ref<BE::ISequence>& sequence,
 namespace SequenceActions {
 
 std::uint32_t GetFrameAlignment(const Ref<BE::ISequence>& sequence) {
-  const auto content = standalone::FindContent(sequence);
-  return content && CountsSamples(content->timeFormat) ? kAlignToAudioSamples : kAlignToPictureFrames;
+  const auto* const node = standalone::FindSequenceNode(sequence);
+  const bool countsSamples = node != nullptr && CountsSamples(node->GetTimes().GetFormat());
+  return countsSamples ? kAlignToAudioSamples : kAlignToPictureFrames;
 }
 
 }  // namespace SequenceActions
@@ -77,15 +78,16 @@ namespace SequencePlayback {
 
 TimeDisplay GetVideoTimeDisplayFormat(const Ref<BE::ISequence>& sequence, int /*isForDisplay*/) {
   TimeDisplay display;
-  const auto content = standalone::FindContent(sequence);
-  if (content) display.count = GetPictureCount(*content);
+  const auto* const node = standalone::FindSequenceNode(sequence);
+  if (node != nullptr) display.count = GetPictureCount(node->GetTimes());
   return display;
 }
 
 TimeDisplay GetAudioTimeDisplayFormat(const Ref<BE::ISequence>& sequence) {
   TimeDisplay display;
-  const auto content = standalone::FindContent(sequence);
-  const bool isInMilliseconds = content && content->timeFormat == standalone::TimeFormat::kMilliseconds;
+  const auto* const node = standalone::FindSequenceNode(sequence);
+  const bool isInMilliseconds =
+      node != nullptr && node->GetTimes().GetFormat() == standalone::TimeFormat::kMilliseconds;
   display.count =
       isInMilliseconds ? TimeDisplay::Count::kMilliseconds : TimeDisplay::Count::kAudioSamples;
   return display;

@@ -73,7 +73,7 @@ namespace SequenceUtils {
 
 qelmediatypes::TickTime GetZeroPoint(const Ref<ISequence>& sequence) {
   const auto* const node = qelcore::FindInterface<standalone::SequenceNode>(sequence.Get());
-  return node == nullptr ? qelmediatypes::TickTime() : node->GetZeroPoint();
+  return node == nullptr ? qelmediatypes::TickTime() : node->GetTimes().GetZeroPoint();
 }
 
 }  // namespace SequenceUtils

@@ -36,7 +36,7 @@ void UI_MultiColumnTree::SetHeaderRow(const qelcore::Ref<UI_MultiColumnTreeHeade
   UI_Invalidate();
 }
 
-qelcore::Ref<UI_MultiColumnTreeHeaderRow> UI_MultiColumnTree::GetHeaderRow() const {
+const qelcore::Ref<UI_MultiColumnTreeHeaderRow>& UI_MultiColumnTree::GetHeaderRow() const {
   AssertMainThread("UI_MultiColumnTree::GetHeaderRow");
   return control->headerRow;
 }

@@ -40,10 +40,11 @@ std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider() {
   return Share(standalone::GetTheme() == standalone::ThemeName::kLight ? light : dark);
 }
 
-qelcore::UTF8String GetFontName(std::uint32_t number) {
+const qelcore::UTF8String& GetFontName(std::uint32_t number) {
   standalone::AssertMainThread("GetFontName");
   static const qelcore::UTF8String name(kPlainTextFontName);
-  return number == kPlainTextFont ? name : qelcore::UTF8String();
+  static const qelcore::UTF8String none;
+  return number == kPlainTextFont ? name : none;
 }
 
 }  // namespace ui

@@ -97,9 +97,9 @@ std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider() {
   return real();
 }
 
-qelcore::UTF8String GetFontName(std::uint32_t number) {
+const qelcore::UTF8String& GetFontName(std::uint32_t number) {
   Called("GetFontName", number);
-  using Function = qelcore::UTF8String (*)(std::uint32_t);
+  using Function = const qelcore::UTF8String& (*)(std::uint32_t);
   static const auto real = Real<Function>("_ZN5qelui2ui11GetFontNameEj");
   return real(number);
 }
