@@ -29,6 +29,7 @@ class LowerBlocks {
       begins.push_back(text.str().size());
       lines.Append(text, rows);
       if (begins.size() == 1) {
+        // Room for all rows: how many the other thread leaves to this one is not known.
         text.Reserve(EstimateBytes(text.str().size(), rows.size(), blocks.CountRows()));
       }
     }

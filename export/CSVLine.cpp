@@ -9,15 +9,15 @@
 namespace Vantrel {
 namespace {
 
-constexpr char kQuote = '"';
+constexpr std::string_view kQuote = "\"";
 constexpr std::size_t kCommaOrLineFeed = 1;
 
 }  // namespace
 
 CSVLine::CSVLine(std::size_t mostFields)
-    : spare((mostFields + 1) * (ShortField::kRoom + kCommaOrLineFeed)) {
-  MakeRoom(nullptr, 0);
-}
+    : spare((mostFields + 1) * (ShortField::kRoom + kCommaOrLineFeed)),
+      bytes(std::make_unique_for_overwrite<char[]>(spare)),
+      end(bytes.get() + spare) {}
 
 char* CSVLine::AddText(char* next, std::string_view text) {
   next = MakeRoom(next, text.size());
@@ -25,19 +25,17 @@ char* CSVLine::AddText(char* next, std::string_view text) {
 }
 
 char* CSVLine::AddQuoted(char* next, std::string_view text) {
-  next = MakeRoom(next, 2 * text.size());
-  *next++ = kQuote;
-  for (std::string_view left = text; !left.empty();) {
-    // Most have a comma and nothing that is doubled.
-    const std::size_t plain = std::min(left.find(kQuote), left.size());
-    next = std::copy_n(left.data(), plain, next);
-    left.remove_prefix(plain);
-    if (left.empty()) break;
-    next = std::fill_n(next, 2, kQuote);
-    left.remove_prefix(1);
+  if (text.find(kQuote) != std::string_view::npos) {
+    return AddBytes(next, QuoteCSVField(qelcore::UTF8String(text)).View());
   }
-  *next++ = kQuote;
-  return next;
+  // Most have a comma and nothing that is doubled.
+  next = AddBytes(next, kQuote);
+  next = AddBytes(next, text);
+  return AddBytes(next, kQuote);
+}
+
+char* CSVLine::AddBytes(char* next, std::string_view added) {
+  return std::ranges::copy(added, MakeRoom(next, added.size())).out;
 }
 
 char* CSVLine::Grow(const char* next, std::size_t more) {

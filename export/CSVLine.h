@@ -35,7 +35,7 @@ class CSVLine {
   }
 
   /// Adds a field of a TextArena as it is, in steps that take as many bytes as may be read behind it:
-  /// most such fields take one or two, so that nothing is decided by their lengths.
+  /// most such fields take one or two, so that little is decided by their lengths.
   char* AddKeptField(char* next, std::string_view field) {
     constexpr std::size_t kStep = ShortField::kRoom;
     static_assert(kStep <= TextArena::kBytesBehind);
@@ -70,6 +70,7 @@ class CSVLine {
  private:
   char* AddText(char* next, std::string_view text);
   char* AddQuoted(char* next, std::string_view text);
+  char* AddBytes(char* next, std::string_view added);
   char* MakeRoom(char* next, std::size_t more) {
     return more + spare > static_cast<std::size_t>(end - next) ? Grow(next, more + spare) : next;
   }
@@ -78,7 +79,7 @@ class CSVLine {
   /// Room that is there between any two calls: nobody asks for that of short fields and commas.
   const std::size_t spare;
   std::unique_ptr<char[]> bytes;
-  const char* end = nullptr;
+  const char* end;
 };
 
 }  // namespace Vantrel

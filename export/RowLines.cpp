@@ -49,6 +49,10 @@ constexpr bool IsMediaColumn(ColumnID column) noexcept {
          column == kColumnUsageCountInSequence;
 }
 
+constexpr bool IsProjectItemColumn(ColumnID column) noexcept {
+  return column == kColumnComment || column == kColumnDescription || column == kColumnTapeName;
+}
+
 /// The first of the fields, with the others behind it, or else what they are asked of.
 void FetchFields(const FieldsOfMedia& fields, const BE::IMedia& media) noexcept {
   const void* const first = fields.front().data();
@@ -65,6 +69,7 @@ RowLines::RowLines(std::span<const ColumnID> shownColumns, TickTime zeroPoint)
     : columns(MakeColumns(shownColumns)),
       storedTexts(FindStoredTexts(shownColumns)),
       asksClips(std::ranges::any_of(shownColumns, IsClipColumn)),
+      asksProjectItems(std::ranges::any_of(shownColumns, IsProjectItemColumn)),
       asksMedia(std::ranges::any_of(shownColumns, IsMediaColumn)),
       zeroPoint(zeroPoint),
       texts(zeroPoint),
@@ -111,8 +116,8 @@ void RowLines::AppendBlock(qelcore::oUTF8StringStream& stream, Rows rows) {
 /// Of a whole block at once, the first would have left the cache when the last are there.
 void RowLines::RequestTexts(const TrackItemRowData& ahead, RowClip& clip) const {
   for (const StoredText text : storedTexts) __builtin_prefetch((ahead.*text).View().data());
-  // The host asks the memory for what a project item says when the item is asked for.
-  if (asksClips && !clip.IsGap()) clip.GetProjectItem();
+  // A host may fetch what the item says when it is asked for.
+  if (asksProjectItems && !clip.IsGap()) clip.GetProjectItem();
 }
 
 void RowLines::SetSequence(const BE::ISequence* newSequence) {

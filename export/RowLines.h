@@ -76,6 +76,7 @@ class RowLines {
   /// Where the rows hold what is shown.
   const std::vector<StoredText> storedTexts;
   const bool asksClips;
+  const bool asksProjectItems;
   const bool asksMedia;
   const qelmediatypes::TickTime zeroPoint;
   const BE::ISequence* sequence = nullptr;

@@ -52,7 +52,7 @@ class HOST_API UI_MultiColumnTree : public ui::UI_SubView {
 
   /// Attaches a header row, replacing the one before; may be empty.
   void SetHeaderRow(const qelcore::Ref<UI_MultiColumnTreeHeaderRow>& headerRow);
-  /// Valid until another one is attached. Asked for with each cell that is drawn.
+  /// Valid until another one is attached or the tree is gone: each cell that is drawn asks for it.
   const qelcore::Ref<UI_MultiColumnTreeHeaderRow>& GetHeaderRow() const;
 
   /// Registers who draws cells, in place of the one before; null: nobody.

@@ -28,7 +28,7 @@ class HOST_API ThemeProvider {
 HOST_API std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider();
 
 /// The name of a font of the user interface; 0 is that of plain text. Empty for a number that names
-/// none. [main-thread]
+/// none. Valid until the program ends. [main-thread]
 HOST_API const qelcore::UTF8String& GetFontName(std::uint32_t number);
 
 }  // namespace qelui::ui

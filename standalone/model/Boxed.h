@@ -17,10 +17,10 @@ class Boxed {
   Boxed(Boxed&&) noexcept = default;
   Boxed& operator=(const Boxed& other) { return *this = Boxed(other); }
   Boxed& operator=(Boxed&&) noexcept = default;
-  /// Of a value, written in braces too.
-  template <typename Given = T>
-  requires std::constructible_from<T, Given> Boxed& operator=(Given&& given) {
-    emplace(std::forward<Given>(given));
+  /// A template, so that `= {}` empties the box instead of storing an empty value.
+  template <std::same_as<T> Given = T>
+  Boxed& operator=(Given&& given) {
+    emplace(std::move(given));
     return *this;
   }
   ~Boxed() = default;

@@ -60,7 +60,7 @@ class MediaNode final : public ContentNode<BE::IMedia> {
   qelcore::Borrowed<BE::IVideoSource> GetVideoSource() const override;
 
   bool IsSynthetic() const noexcept { return flags.isSynthetic; }
-  /// Of what it is a node.
+  /// The content that it belongs to.
   using ContentNode::GetContent;
 
   /// How many clip items of the content play media of the address; null without an address. Set once,

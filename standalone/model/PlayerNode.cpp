@@ -123,7 +123,7 @@ void PlayerNode::Announce(PlayerMessageKind kind) const {
 
 qelcore::Ref<PlayerNode> FindPlayer(const qelcore::Ref<BE::ISequence>& sequence) {
   AssertMainThread("FindPlayer");
-  const auto* const node = qelcore::FindInterface<SequenceNode>(sequence.Get());
+  const SequenceNode* const node = FindSequenceNode(sequence);
   return node == nullptr ? qelcore::Ref<PlayerNode>() : node->GetPlayer();
 }
 

@@ -13,28 +13,32 @@ namespace standalone {
 /// [any-thread]
 class PublishedTimes {
  public:
+  /// How times are to be written; told in one answer, as one decides about the other.
+  struct Counting {
+    TimeFormat format = TimeFormat::kTimecode;
+    bool isDropFrame = false;
+  };
+
   explicit PublishedTimes(const SequenceContent& content) noexcept { Set(content); }
 
   void Set(const SequenceContent& content) noexcept {
     zeroPoint = content.zeroPoint;
     videoFrameDuration = content.videoFrameDuration;
     audioFrameDuration = content.audioFrameDuration;
-    format = content.timeFormat;
-    isDropFrame = content.isDropFrame;
+    counting = Counting{content.timeFormat, content.isDropFrame};
   }
 
   qelmediatypes::TickTime GetZeroPoint() const noexcept { return zeroPoint; }
   qelmediatypes::TickTime GetVideoFrameDuration() const noexcept { return videoFrameDuration; }
   qelmediatypes::TickTime GetAudioFrameDuration() const noexcept { return audioFrameDuration; }
-  TimeFormat GetFormat() const noexcept { return format; }
-  bool IsDropFrame() const noexcept { return isDropFrame; }
+  Counting GetCounting() const noexcept { return counting; }
 
  private:
   std::atomic<qelmediatypes::TickTime> zeroPoint;
   std::atomic<qelmediatypes::TickTime> videoFrameDuration;
   std::atomic<qelmediatypes::TickTime> audioFrameDuration;
-  std::atomic<TimeFormat> format;
-  std::atomic<bool> isDropFrame;
+  std::atomic<Counting> counting;
+  static_assert(std::atomic<Counting>::is_always_lock_free);
 };
 
 }  // namespace standalone

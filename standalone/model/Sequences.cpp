@@ -20,8 +20,8 @@ bool CountsSamples(standalone::TimeFormat format) {
          format == standalone::TimeFormat::kMilliseconds;
 }
 
-TimeDisplay::Count GetPictureCount(const standalone::PublishedTimes& times) {
-  switch (times.GetFormat()) {
+TimeDisplay::Count GetPictureCount(standalone::PublishedTimes::Counting counting) {
+  switch (counting.format) {
     case standalone::TimeFormat::kFrames:
       return TimeDisplay::Count::kFrames;
     case standalone::TimeFormat::kFeetAndFrames16mm:
@@ -29,7 +29,7 @@ TimeDisplay::Count GetPictureCount(const standalone::PublishedTimes& times) {
     case standalone::TimeFormat::kFeetAndFrames35mm:
       return TimeDisplay::Count::kFeetAndFrames35mm;
     default:
-      return times.IsDropFrame() ? TimeDisplay::Count::kDropFrame : TimeDisplay::Count::kNonDropFrame;
+      return counting.isDropFrame ? TimeDisplay::Count::kDropFrame : TimeDisplay::Count::kNonDropFrame;
   }
 }
 
@@ -68,7 +68,7 @@ namespace SequenceActions {
 
 std::uint32_t GetFrameAlignment(const Ref<BE::ISequence>& sequence) {
   const auto* const node = standalone::FindSequenceNode(sequence);
-  const bool countsSamples = node != nullptr && CountsSamples(node->GetTimes().GetFormat());
+  const bool countsSamples = node != nullptr && CountsSamples(node->GetTimes().GetCounting().format);
   return countsSamples ? kAlignToAudioSamples : kAlignToPictureFrames;
 }
 
@@ -79,7 +79,7 @@ namespace SequencePlayback {
 TimeDisplay GetVideoTimeDisplayFormat(const Ref<BE::ISequence>& sequence, int /*isForDisplay*/) {
   TimeDisplay display;
   const auto* const node = standalone::FindSequenceNode(sequence);
-  if (node != nullptr) display.count = GetPictureCount(node->GetTimes());
+  if (node != nullptr) display.count = GetPictureCount(node->GetTimes().GetCounting());
   return display;
 }
 
@@ -87,7 +87,7 @@ TimeDisplay GetAudioTimeDisplayFormat(const Ref<BE::ISequence>& sequence) {
   TimeDisplay display;
   const auto* const node = standalone::FindSequenceNode(sequence);
   const bool isInMilliseconds =
-      node != nullptr && node->GetTimes().GetFormat() == standalone::TimeFormat::kMilliseconds;
+      node != nullptr && node->GetTimes().GetCounting().format == standalone::TimeFormat::kMilliseconds;
   display.count =
       isInMilliseconds ? TimeDisplay::Count::kMilliseconds : TimeDisplay::Count::kAudioSamples;
   return display;

@@ -72,7 +72,7 @@ bool IsSynthetic(Borrowed<IMedia> media) {
 namespace SequenceUtils {
 
 qelmediatypes::TickTime GetZeroPoint(const Ref<ISequence>& sequence) {
-  const auto* const node = qelcore::FindInterface<standalone::SequenceNode>(sequence.Get());
+  const auto* const node = standalone::FindSequenceNode(sequence);
   return node == nullptr ? qelmediatypes::TickTime() : node->GetTimes().GetZeroPoint();
 }
 

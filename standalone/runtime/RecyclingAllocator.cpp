@@ -135,7 +135,7 @@ struct ThreadBlocks {
 
 thread_local constinit ThreadBlocks threadBlocks;
 
-// Apart from the usual ways, which are short then.
+// Out of line, so that the usual ways stay short.
 [[gnu::noinline]] void Refill(FreeList& list, std::size_t sizeClass) {
   BlockStore::Get().Fill(list, sizeClass);
 }

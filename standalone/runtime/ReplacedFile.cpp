@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
@@ -27,7 +26,7 @@ constexpr int kMostLinks = 40;
 constexpr mode_t kPermissions = 07777;
 constexpr mode_t kModeOfNewFiles = 0666;  // Less the user's mask.
 constexpr mode_t kPrivate = 0600;
-// No disk asks for larger blocks, or for memory that is aligned further.
+// What disks ask for at most. One that asks for more refuses, and the usual way is taken.
 constexpr std::size_t kDiskBlock = 4096;
 constexpr std::size_t kLongText = std::size_t{1} << 20U;
 
@@ -143,15 +142,16 @@ void ReplacedFile::InheritFrom(const struct stat& old) {
 }
 
 // A long text goes to the disk from where it stands: to be copied into the system's cache first would
-// take a third of the time of writing, and nobody reads it from there. Only whole blocks go that way,
-// and not on every file system. A wish, therefore: how much of it came true is told, and what is left
-// is written as usual, which tells what is wrong, too.
+// take a third of the time of writing. Only whole blocks go that way, and not on every file system. A
+// wish, therefore: how much of it came true is told, and what is left is written as usual, which tells
+// what is wrong, too.
 std::size_t ReplacedFile::WritePastCache(std::string_view bytes) {
   const std::string_view blocks = bytes.substr(0, bytes.size() / kDiskBlock * kDiskBlock);
+  if (temporary.empty() || blocks.size() < kLongText) return 0;
   const bool isAligned = reinterpret_cast<std::uintptr_t>(bytes.data()) % kDiskBlock == 0 &&
                          lseek(descriptor, 0, SEEK_CUR) % kDiskBlock == 0;
-  if (temporary.empty() || blocks.size() < kLongText || !isAligned) return 0;
   const int flags = fcntl(descriptor, F_GETFL);
+  if (!isAligned || flags < 0) return 0;
   if (fcntl(descriptor, F_SETFL, flags | O_DIRECT) != 0) return 0;
   const ssize_t written = write(descriptor, blocks.data(), blocks.size());
   fcntl(descriptor, F_SETFL, flags);

@@ -106,6 +106,7 @@ UTF8String UTF16to8(std::u16string_view text) {
     return UTF8String(std::string_view(narrow.data(), text.size()));
   }
   std::string result;
+  result.reserve(text.size());
   for (std::size_t position = 0; position < text.size();) {
     AppendUTF8(result, NextCharacter(text, position));
   }

@@ -1,6 +1,5 @@
 #include "generator/LongDocument.h"
 
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>

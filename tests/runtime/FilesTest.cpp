@@ -17,6 +17,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "host/qelcore/Exceptions.h"
@@ -146,13 +147,15 @@ TEST_F(Files, LongOnesAreWrittenByteForByteFromWhereverTheyStand) {
 
 TEST_F(Files, LongBlocksFollowEachOther) {
   const LongText text;
-  const std::string_view block = text.View().substr(0, (3U << 20U) + 7U);
-  File file((folder / "out.csv").native(), StorageType::kPlatformFile);
-  file.Create(false);
-  OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
-  for (int i = 0; i < 2; ++i) stream.WriteBlock(block.data(), static_cast<std::uint32_t>(block.size()));
-  stream.Close();
-  EXPECT_TRUE(ReadAll(folder / "out.csv") == std::string(block) + std::string(block));
+  for (const std::uint32_t size : {3U << 20U, (3U << 20U) + 7U}) {
+    const std::string block(text.View().substr(0, size));
+    File file((folder / "out.csv").native(), StorageType::kPlatformFile);
+    file.Create(false);
+    OPlatformByteStream stream(file, OPlatformByteStream::kWrite);
+    for (int i = 0; i < 2; ++i) stream.WriteBlock(text.View().data(), size);
+    stream.Close();
+    EXPECT_TRUE(ReadAll(folder / "out.csv") == block + block) << size;
+  }
 }
 
 TEST_F(Files, MayBeEmpty) {
@@ -341,10 +344,13 @@ class FullDisk {
 
 TEST_F(Files, AFullDiskIsAnErrorAndTheOldFileStays) {
   const LongText text;
-  for (const std::uint32_t size : {10'000U, 8U << 20U}) {
+  constexpr std::uint32_t kLong = 8U << 20U;
+  const std::vector<std::pair<std::uint32_t, rlim_t>> cases = {
+      {10'000, 4096}, {kLong, kLong / 2}, {kLong, kLong / 2 + 100}};
+  for (const auto& [size, room] : cases) {
     Write(folder / "out.csv", "old");
     {
-      const FullDisk disk(size / 2 + 100);
+      const FullDisk disk(room);
       File file((folder / "out.csv").native(), StorageType::kPlatformFile);
       file.Create(false);
       OPlatformByteStream stream(file, OPlatformByteStream::kWrite);

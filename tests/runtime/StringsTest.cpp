@@ -78,6 +78,15 @@ TEST(UTF16to8, ALoneSurrogateBecomesTheReplacementCharacter) {
   EXPECT_EQ(UTF16to8({twoHigh, 3}), "\ufffd\U0001F3AC");
 }
 
+/// Short texts of ASCII go another way than long ones and others.
+TEST(UTF16to8, TextsOfAnyLengthAreWritten) {
+  for (const std::size_t length : {1U, 255U, 256U, 257U, 1000U}) {
+    const std::u16string text(length, u'x');
+    EXPECT_EQ(UTF16to8(text), std::string(length, 'x')) << length;
+    EXPECT_EQ(UTF16to8(text + u"\u00e9"), std::string(length, 'x') + "\u00e9") << length;
+  }
+}
+
 TEST(UTF16to8, ZeroIsAnOrdinaryCharacter) {
   EXPECT_EQ(UTF16to8(std::u16string_view(u"a\0b", 3)), std::string_view("a\0b", 3));
 }
