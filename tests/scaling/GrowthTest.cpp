@@ -61,17 +61,20 @@ TEST_F(Growth, AddingADocumentAllocatesInProportionToItsClips) {
   });
 }
 
+/// From a length on at which the host keeps lists that come back.
 TEST_F(Growth, ShowingASequenceAllocatesInProportionToItsRows) {
-  ExpectInProportion([this](std::size_t clips) {
-    DocumentDraft document = generator::MakeDocument({.clips = clips});
-    IndexSession session;
-    standalone::SetUpPanel(session, ShowEverything());
-    const scaling::AllocationWatch watch;
-    session.ShowDocument(std::move(document));
-    const Allocations taken = watch.Take();
-    EXPECT_GT(session.GetTree().CountRows(), clips);
-    return taken;
-  });
+  ExpectInProportion(
+      [this](std::size_t clips) {
+        DocumentDraft document = generator::MakeDocument({.clips = clips});
+        IndexSession session;
+        standalone::SetUpPanel(session, ShowEverything());
+        const scaling::AllocationWatch watch;
+        session.ShowDocument(std::move(document));
+        const Allocations taken = watch.Take();
+        EXPECT_GT(session.GetTree().CountRows(), clips);
+        return taken;
+      },
+      25'000);
 }
 
 TEST_F(Growth, ExportingATableAllocatesInProportionToItsRows) {
@@ -108,10 +111,11 @@ TEST_F(Growth, PrintingATableAllocatesInProportionToItsRows) {
 }
 
 /// The calls of each watched operation while the panel builds and exports a table.
-std::map<std::string_view, std::uint64_t> CountHostCalls(DocumentDraft document,
-                                                         const std::filesystem::path& output) {
+std::map<std::string_view, std::uint64_t> CountHostCalls(
+    DocumentDraft document, const std::filesystem::path& output,
+    const standalone::IndexOptions& shown = ShowEverything()) {
   IndexSession session;
-  standalone::SetUpPanel(session, ShowEverything());
+  standalone::SetUpPanel(session, shown);
   const scaling::HostCallCounts before = scaling::GetHostCallCounts();
   session.ShowDocument(std::move(document));
   session.Export(output);
@@ -140,6 +144,16 @@ TEST_F(Growth, ATableIsLaidOutOnceAndItsSequenceVisitedAsOftenHoweverLongItIs) {
   EXPECT_EQ(shorter.at("LayoutAfterAppendRow"), 1U);
   EXPECT_EQ(longer.at("LayoutAfterAppendRow"), 1U);
   EXPECT_EQ(longer.at("VisitSequence"), shorter.at("VisitSequence"));
+}
+
+TEST_F(Growth, NothingIsAskedForColumnsThatAreNotShown) {
+  standalone::IndexOptions shown;
+  shown.columns.kind = standalone::ColumnChoice::Kind::kListed;
+  shown.columns.names = {"Clip Name", "File Name"};
+  const auto calls =
+      CountHostCalls(generator::MakeDocument({.clips = 1000}), folder / "index.csv", shown);
+  EXPECT_EQ(calls.at("GetProjectItem"), 0U);
+  EXPECT_EQ(calls.at("GetMasterClipUsageCount"), 0U);
 }
 
 /// What it takes to draw what a viewport shows.
