@@ -20,10 +20,8 @@ qelcore::UTF8String ProjectItemNode::GetColumnProperty(std::string_view property
   return propertyName == kCommentProperty ? texts.comment : qelcore::UTF8String();
 }
 
-void ProjectItemNode::RequestTexts() const noexcept {
-  for (const auto* text : {&texts.comment, &texts.description, &texts.tapeName}) {
-    __builtin_prefetch(text->View().data());
-  }
+void ProjectItemNode::RequestComment() const noexcept {
+  __builtin_prefetch(texts.comment.View().data());
 }
 
 MasterClipNode::MasterClipNode(const SequenceContent& content, qelcore::UTF8String name, Source source,
@@ -48,7 +46,7 @@ qelcore::Borrowed<BE::IMedia> MasterClipNode::GetProxyMedia() const {
 }
 
 qelcore::Borrowed<BE::IProjectItem> MasterClipNode::GetProjectItem() {
-  projectItem.RequestTexts();
+  projectItem.RequestComment();
   return qelcore::Borrowed<BE::IProjectItem>(&projectItem);
 }
 

@@ -24,8 +24,9 @@ class ProjectItemNode final : public ContentNode<BE::IProjectItem> {
   qelcore::UTF8String GetDescription() const override { return texts.description; }
   qelcore::UTF8String GetTapeName() const override { return texts.tapeName; }
 
-  /// Asks the memory for the texts: whoever asks for the item reads them soon.
-  void RequestTexts() const noexcept;
+  /// Asks the memory for the comment, which is the clip's own, where descriptions and tapes are shared:
+  /// whoever asks for the item mostly reads it.
+  void RequestComment() const noexcept;
 
  private:
   Texts texts;
