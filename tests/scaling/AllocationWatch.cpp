@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <new>
 
+#include "standalone/runtime/LargeBlocks.h"
+
 namespace {
 
 constinit std::atomic<std::uint64_t> allocationCount{0};
@@ -19,11 +21,17 @@ std::int64_t GetHeldBytes(void* block) noexcept {
   return static_cast<std::int64_t>(malloc_usable_size(block));
 }
 
+/// Without the blocks that the host keeps for the next long list: they serve again, and how many there
+/// are depends on which lists came back when.
+std::int64_t CountUsed(std::int64_t live) noexcept {
+  return live - static_cast<std::int64_t>(standalone::LargeBlocks::Get().CountKeptBytes());
+}
+
 void NoteTaken(void* block, std::size_t size) noexcept {
   allocationCount.fetch_add(1, std::memory_order_relaxed);
   allocatedBytes.fetch_add(size, std::memory_order_relaxed);
   const std::int64_t held = GetHeldBytes(block);
-  const std::int64_t live = liveBytes.fetch_add(held, std::memory_order_relaxed) + held;
+  const std::int64_t live = CountUsed(liveBytes.fetch_add(held, std::memory_order_relaxed) + held);
   std::int64_t peak = peakLiveBytes.load(std::memory_order_relaxed);
   while (live > peak && !peakLiveBytes.compare_exchange_weak(peak, live, std::memory_order_relaxed)) {
   }
@@ -60,7 +68,7 @@ void GiveBack(void* block) noexcept {
 namespace scaling {
 
 AllocationWatch::AllocationWatch() noexcept
-    : firstCount(allocationCount), firstBytes(allocatedBytes), firstLiveBytes(liveBytes) {
+    : firstCount(allocationCount), firstBytes(allocatedBytes), firstLiveBytes(CountUsed(liveBytes)) {
   peakLiveBytes = firstLiveBytes;
 }
 

@@ -28,9 +28,8 @@ inline void ExpectProportional(const Allocations& smaller, const Allocations& la
   EXPECT_GT(smaller.bytes, 0U);
   EXPECT_LE(larger.count, GetLimit(smaller.count, kBasicCount));
   EXPECT_LE(larger.bytes, GetLimit(smaller.bytes, kBasicBytes));
-  // Half more: two builds may overlap, or not, and the host keeps long lists that come back. The
-  // shorter one may have lived on memory that was kept from before.
-  EXPECT_LE(larger.peakBytes, smaller.peakBytes * kTimesMore * 3 / 2 + 2 * kBasicBytes);
+  // The shorter one may have lived on memory that was kept from before.
+  EXPECT_LE(larger.peakBytes, GetLimit(smaller.peakBytes, 2 * kBasicBytes));
 }
 
 /// The figures of one clip stand in the test's report.

@@ -61,20 +61,17 @@ TEST_F(Growth, AddingADocumentAllocatesInProportionToItsClips) {
   });
 }
 
-/// From a length on at which the host keeps lists that come back.
 TEST_F(Growth, ShowingASequenceAllocatesInProportionToItsRows) {
-  ExpectInProportion(
-      [this](std::size_t clips) {
-        DocumentDraft document = generator::MakeDocument({.clips = clips});
-        IndexSession session;
-        standalone::SetUpPanel(session, ShowEverything());
-        const scaling::AllocationWatch watch;
-        session.ShowDocument(std::move(document));
-        const Allocations taken = watch.Take();
-        EXPECT_GT(session.GetTree().CountRows(), clips);
-        return taken;
-      },
-      25'000);
+  ExpectInProportion([this](std::size_t clips) {
+    DocumentDraft document = generator::MakeDocument({.clips = clips});
+    IndexSession session;
+    standalone::SetUpPanel(session, ShowEverything());
+    const scaling::AllocationWatch watch;
+    session.ShowDocument(std::move(document));
+    const Allocations taken = watch.Take();
+    EXPECT_GT(session.GetTree().CountRows(), clips);
+    return taken;
+  });
 }
 
 TEST_F(Growth, ExportingATableAllocatesInProportionToItsRows) {
