@@ -8,18 +8,19 @@
 
 namespace qelui {
 
-/// A line of text to draw.
+/// A line of text to draw. What it refers to is lent for the call that draws: a table draws thousands
+/// of cells at once, and none of them needs a share of its text.
 struct TextLine {
-  qelcore::UTF8String text;
+  const qelcore::UTF8String& text;
   /// The line begins at the left edge and is cut, with `ellipsis` behind what is left, where it would
   /// pass the right one. The height plays no part.
-  Rect room;
+  Rect room{};
   /// The line is centred on this height, in pixels.
   float centre = 0;
-  ColorRGBA color;
-  qelcore::UTF8String fontName;
+  ColorRGBA color{};
+  const qelcore::UTF8String& fontName;
   /// UTF-16; empty: the toolkit's own ("…").
-  std::u16string_view ellipsis;
+  std::u16string_view ellipsis{};
 };
 
 /// What a view draws with: a surface, and the operations on it. Made by the host and lent for the call

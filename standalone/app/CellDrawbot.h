@@ -1,8 +1,9 @@
 #pragma once
 
 #include <optional>
+#include <string>
+#include <string_view>
 
-#include "host/qelcore/UTF8String.h"
 #include "host/qelui/Drawbot.h"
 
 namespace standalone {
@@ -13,23 +14,25 @@ class CellDrawbot final : public qelui::Drawbot {
  public:
   void Clear() noexcept {
     fill.reset();
-    text = {};
+    text.clear();
   }
 
   const std::optional<qelui::ColorRGBA>& GetFill() const noexcept { return fill; }
-  const qelcore::UTF8String& GetText() const noexcept { return text; }
+  /// Valid until the next cell is drawn.
+  std::string_view GetText() const noexcept { return text; }
   const qelui::ColorRGBA& GetTextColor() const noexcept { return textColor; }
 
   void FillRect(const qelui::Rect&, const qelui::ColorRGBA& color) override { fill = color; }
   void StrokeRect(const qelui::Rect&, const qelui::ColorRGBA&, float) override {}
   void DrawTextLine(const qelui::TextLine& line) override {
-    text = line.text;
+    text = line.text.View();
     textColor = line.color;
   }
 
  private:
   std::optional<qelui::ColorRGBA> fill;
-  qelcore::UTF8String text;
+  /// A copy of a few bytes, which costs less than to count one more owner.
+  std::string text;
   qelui::ColorRGBA textColor;
 };
 

@@ -1,5 +1,7 @@
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <variant>
 
@@ -16,8 +18,17 @@ constexpr int kDone = 0;
 /// The command line, the input or the output is at fault. (1 is kept for commands that find something.)
 constexpr int kFailed = 2;
 
+/// A panel that was only looked at has nothing to save, and the system takes its memory back at once:
+/// taking it apart row by row would keep whoever waits for the table. Searches for leaks need that,
+/// though.
+constexpr bool kIsLeavingAtOnce = SEQUENCE_INDEX_LEAVES_AT_ONCE;
+
 int Run(const standalone::TableArguments& arguments) {
-  return standalone::RunTable(arguments) ? kDone : kFailed;
+  std::unique_ptr<standalone::IndexSession> session;
+  const int status = standalone::RunTable(arguments, session) ? kDone : kFailed;
+  // All that was printed is written: neither stream keeps anything.
+  if (kIsLeavingAtOnce) std::_Exit(status);
+  return status;
 }
 
 int Run(const standalone::ExportArguments& arguments) {

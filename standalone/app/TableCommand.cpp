@@ -2,12 +2,12 @@
 
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include "standalone/app/CommandError.h"
 #include "standalone/app/CommandMemory.h"
 #include "standalone/app/DisplayText.h"
-#include "standalone/app/IndexSession.h"
 #include "standalone/app/PanelSetUp.h"
 #include "standalone/app/PanelTable.h"
 #include "standalone/app/StandardOutput.h"
@@ -73,13 +73,14 @@ bool ShowFile(IndexSession& session, DocumentReader& reader, const std::string& 
 }
 
 bool RunFile(const std::string& file, const TableArguments& arguments, DocumentReader& reader,
-             TablePrinter& printer) {
+             TablePrinter& printer, std::unique_ptr<IndexSession>& session) {
   try {
     // One for each file, so that no more than one is in memory.
-    IndexSession session(arguments.options.reading.isProbing);
-    SetUpPanel(session, arguments.options);
-    if (!ShowFile(session, reader, file, arguments.options)) return false;
-    printer.Print(file, session);
+    session.reset();
+    session = std::make_unique<IndexSession>(arguments.options.reading.isProbing);
+    SetUpPanel(*session, arguments.options);
+    if (!ShowFile(*session, reader, file, arguments.options)) return false;
+    printer.Print(file, *session);
     return true;
   } catch (const std::exception& failure) {
     throw CommandError(file, 0, failure.what());
@@ -99,14 +100,15 @@ bool IsThere(const std::string& word) {
 
 }  // namespace
 
-bool RunTable(const TableArguments& arguments) {
+bool RunTable(const TableArguments& arguments, std::unique_ptr<IndexSession>& session) {
   KeepMemoryBetweenSteps();
   DocumentReader reader(arguments.options.reading);
   TablePrinter printer(arguments);
   bool areAllShown = true;
   for (const std::string& file : arguments.files) {
     const bool mayBeCommand = arguments.isCommandImplied && &file == &arguments.files.front();
-    const bool isShown = (!mayBeCommand || IsThere(file)) && RunFile(file, arguments, reader, printer);
+    const bool isShown =
+        (!mayBeCommand || IsThere(file)) && RunFile(file, arguments, reader, printer, session);
     areAllShown = areAllShown && isShown;
   }
   return areAllShown;

@@ -18,9 +18,7 @@ void RecordingDrawbot::StrokeRect(const qelui::Rect& area, const qelui::ColorRGB
 }
 
 void RecordingDrawbot::DrawTextLine(const qelui::TextLine& line) {
-  // The ellipsis is lent for the call only.
-  textLines.push_back(line);
-  textLines.back().ellipsis = {};
+  textLines.push_back({line.text, line.room, line.centre, line.color, line.fontName});
 }
 
 }  // namespace standalone

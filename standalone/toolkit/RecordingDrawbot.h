@@ -11,6 +11,13 @@ namespace standalone {
 /// its pixels. [main-thread]
 class STANDALONE_API RecordingDrawbot final : public qelui::Drawbot {
  public:
+  struct Line {
+    qelcore::UTF8String text;
+    qelui::Rect room;
+    float centre;
+    qelui::ColorRGBA color;
+    qelcore::UTF8String fontName;
+  };
   struct Fill {
     qelui::Rect area;
     qelui::ColorRGBA color;
@@ -22,7 +29,7 @@ class STANDALONE_API RecordingDrawbot final : public qelui::Drawbot {
   };
 
   /// In the order drawn, since the last Clear. A line's ellipsis is not kept.
-  const std::vector<qelui::TextLine>& GetTextLines() const noexcept { return textLines; }
+  const std::vector<Line>& GetTextLines() const noexcept { return textLines; }
   const std::vector<Fill>& GetFills() const noexcept { return fills; }
   const std::vector<Stroke>& GetStrokes() const noexcept { return strokes; }
   /// Forgets what was drawn, keeping the room for as much.
@@ -33,7 +40,7 @@ class STANDALONE_API RecordingDrawbot final : public qelui::Drawbot {
   void DrawTextLine(const qelui::TextLine& line) override;
 
  private:
-  std::vector<qelui::TextLine> textLines;
+  std::vector<Line> textLines;
   std::vector<Fill> fills;
   std::vector<Stroke> strokes;
 };

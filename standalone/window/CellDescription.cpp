@@ -14,7 +14,7 @@ constexpr float kWidth = 100;
 
 QString Describe(const RecordingDrawbot& drawn) {
   QString words;
-  for (const qelui::TextLine& line : drawn.GetTextLines()) {
+  for (const RecordingDrawbot::Line& line : drawn.GetTextLines()) {
     if (!words.isEmpty()) words += ' ';
     words += ToQString(line.text.View());
   }

@@ -229,7 +229,7 @@ int TreeWidget::FindTextWidth(const Tree& tree, std::size_t displayIndex) {
   }
   QString text;
   qreal width = 0;
-  for (const qelui::TextLine& line : drawn.GetTextLines()) {
+  for (const RecordingDrawbot::Line& line : drawn.GetTextLines()) {
     DecodeLine(line.text.View(), text);
     const qreal advance = fonts.Find(line.fontName).metrics.horizontalAdvance(text);
     width = std::max(width, line.room.left + advance);

@@ -71,6 +71,20 @@ TEST(DisplayText, AVariationSelectorWidensNothingButEmoji) {
   EXPECT_EQ(CountColumns("a\uFE0F"), 1U);
 }
 
+TEST(DisplayText, OneCharacterThatIsNotPlainIsFoundWhereverItStands) {
+  std::string buffer;
+  for (std::size_t length = 1; length <= 20; ++length) {
+    for (std::size_t place = 0; place < length; ++place) {
+      for (unsigned byte = 0; byte < 256; ++byte) {
+        std::string text(length, byte % 2 == 0 ? ' ' : '~');
+        text[place] = static_cast<char>(byte);
+        const bool isPlain = byte >= ' ' && byte <= '~';
+        EXPECT_EQ(MakeShowable(text, buffer) == text, isPlain) << length << ' ' << place << ' ' << byte;
+      }
+    }
+  }
+}
+
 TEST(DisplayText, AsMuchFitsAsThereIsRoomFor) {
   EXPECT_EQ(FitIntoColumns("Ferry", 3).bytes, 3U);
   EXPECT_EQ(FitIntoColumns("Ferry", 3).columns, 3U);

@@ -6,6 +6,7 @@
 
 #include "host/qelui/MultiColumnTree.h"
 #include "standalone/runtime/Runtime.h"
+#include "standalone/toolkit/RecordingDrawbot.h"
 #include "toolkit/OffMainThread.h"
 
 namespace {
@@ -15,23 +16,24 @@ using qelui::ColorRGBA;
 using qelui::Rect;
 using qelui::TextLine;
 using qelui::controls::UI_MultiColumnTree;
+using standalone::RecordingDrawbot;
 
 constexpr Rect kCell{40, 120, 200, 30};
 constexpr ColorRGBA kBlue{0, 0.25F, 1, 0.5F};
 constexpr float kInset = 5;
 constexpr float kCentre = 12;
 
-/// Looks at lines while they are drawn: an ellipsis is lent for the call only.
+/// Looks at lines while they are drawn: what they refer to is lent for the call only.
 class WatchingDrawbot final : public qelui::Drawbot {
  public:
   void FillRect(const Rect&, const ColorRGBA&) override { ++fillCount; }
   void StrokeRect(const Rect&, const ColorRGBA&, float) override { ++fillCount; }
   void DrawTextLine(const TextLine& line) override {
-    lines.push_back(line);
+    lines.push_back({line.text, line.room, line.centre, line.color, line.fontName});
     ellipses.emplace_back(line.ellipsis);
   }
 
-  std::vector<TextLine> lines;
+  std::vector<RecordingDrawbot::Line> lines;
   std::vector<std::u16string> ellipses;
   int fillCount = 0;
 };

@@ -9,14 +9,11 @@ namespace {
 using qelcore::UTF8String;
 using standalone::RecordingDrawbot;
 
-qelui::TextLine MakeLine(const char* text) {
-  qelui::TextLine line;
-  line.text = UTF8String(text);
-  line.room = {6, 20, 94, 30};
-  line.centre = 35;
-  line.color = {1, 0, 0, 1};
-  line.fontName = UTF8String("Sans");
-  return line;
+void Draw(RecordingDrawbot& drawbot, const UTF8String& text) {
+  drawbot.DrawTextLine({text, {6, 20, 94, 30}, 35, {1, 0, 0, 1}, UTF8String("Sans"), u"..."});
+}
+void Draw(RecordingDrawbot& drawbot, const char* text) {
+  Draw(drawbot, UTF8String(text));
 }
 
 TEST(RecordingDrawbotTest, BeginsEmpty) {
@@ -28,11 +25,11 @@ TEST(RecordingDrawbotTest, BeginsEmpty) {
 
 TEST(RecordingDrawbotTest, KeepsLinesInTheOrderDrawnWithAllTheySay) {
   RecordingDrawbot drawbot;
-  drawbot.DrawTextLine(MakeLine("one"));
-  drawbot.DrawTextLine(MakeLine("two"));
+  Draw(drawbot, "one");
+  Draw(drawbot, "two");
   ASSERT_EQ(drawbot.GetTextLines().size(), 2U);
   EXPECT_EQ(drawbot.GetTextLines()[0].text, "one");
-  const qelui::TextLine& line = drawbot.GetTextLines()[1];
+  const RecordingDrawbot::Line& line = drawbot.GetTextLines()[1];
   EXPECT_EQ(line.text, "two");
   EXPECT_EQ(line.room, (qelui::Rect{6, 20, 94, 30}));
   EXPECT_EQ(line.centre, 35);
@@ -61,20 +58,9 @@ TEST(RecordingDrawbotTest, KeepsOutlinesInTheOrderDrawn) {
   EXPECT_TRUE(drawbot.GetFills().empty());
 }
 
-TEST(RecordingDrawbotTest, KeepsNoEllipsisThatIsOnlyLent) {
-  RecordingDrawbot drawbot;
-  {
-    const std::u16string lent(u"...");
-    qelui::TextLine line = MakeLine("one");
-    line.ellipsis = lent;
-    drawbot.DrawTextLine(line);
-  }
-  EXPECT_TRUE(drawbot.GetTextLines().at(0).ellipsis.empty());
-}
-
 TEST(RecordingDrawbotTest, ForgetsWhenCleared) {
   RecordingDrawbot drawbot;
-  drawbot.DrawTextLine(MakeLine("one"));
+  Draw(drawbot, "one");
   drawbot.FillRect({}, {});
   drawbot.StrokeRect({}, {}, 1);
   drawbot.Clear();
@@ -85,9 +71,9 @@ TEST(RecordingDrawbotTest, ForgetsWhenCleared) {
 
 TEST(RecordingDrawbotTest, ATextIsKeptByCountingNotByCopying) {
   RecordingDrawbot drawbot;
-  const qelui::TextLine line = MakeLine("one");
-  drawbot.DrawTextLine(line);
-  EXPECT_TRUE(drawbot.GetTextLines().at(0).text.SharesBufferWith(line.text));
+  const UTF8String text("one");
+  Draw(drawbot, text);
+  EXPECT_TRUE(drawbot.GetTextLines().at(0).text.SharesBufferWith(text));
 }
 
 }  // namespace

@@ -55,8 +55,10 @@ class Paper {
 
 class OnPaper : public testing::TestWithParam<int> {
  protected:
-  static qelui::TextLine MakeLine(std::string_view text, const qelui::Rect& room, float centre = 30) {
-    return {qelcore::UTF8String(text), room, centre, kBlack, qelui::ui::GetFontName(0), {}};
+  static void DrawLine(PainterDrawbot& drawbot, std::string_view text, const qelui::Rect& room,
+                       float centre = 30, const qelui::ColorRGBA& color = kBlack) {
+    drawbot.DrawTextLine(
+        {qelcore::UTF8String(text), room, centre, color, qelui::ui::GetFontName(0), {}});
   }
   /// A rectangle in pixels as one in device pixels.
   QRect OnDevice(int left, int top, int width, int height) const {
@@ -101,14 +103,14 @@ TEST_P(OnPaper, NothingIsDrawnWithoutRoom) {
     drawbot.FillRect({10, 10, 0, 10}, kRed);
     drawbot.FillRect({10, 10, 10, -5}, kRed);
     drawbot.StrokeRect({10, 10, 0, 10}, kRed, 1);
-    drawbot.DrawTextLine(MakeLine("text", {10, 0, 0, 60}));
-    drawbot.DrawTextLine(MakeLine("", {10, 0, 50, 60}));
+    DrawLine(drawbot, "text", {10, 0, 0, 60});
+    DrawLine(drawbot, "", {10, 0, 50, 60});
   });
   EXPECT_TRUE(paper.FindInk().isNull());
 }
 
 TEST_P(OnPaper, ATextStandsAtTheLeftEdgeInTheMiddleOfItsHeight) {
-  paper.Draw([](PainterDrawbot& drawbot) { drawbot.DrawTextLine(MakeLine("H", {10, 0, 80, 60})); });
+  paper.Draw([](PainterDrawbot& drawbot) { DrawLine(drawbot, "H", {10, 0, 80, 60}); });
   const QRect ink = paper.FindInk();
   EXPECT_GE(ink.left(), 10 * GetParam());
   EXPECT_LE(ink.left(), 13 * GetParam());
@@ -117,7 +119,7 @@ TEST_P(OnPaper, ATextStandsAtTheLeftEdgeInTheMiddleOfItsHeight) {
 
 TEST_P(OnPaper, ATextIsCutAtTheRoomsRightEdge) {
   paper.Draw([](PainterDrawbot& drawbot) {
-    drawbot.DrawTextLine(MakeLine("A text that is much too long", {10, 0, 60, 60}));
+    DrawLine(drawbot, "A text that is much too long", {10, 0, 60, 60});
   });
   EXPECT_LT(paper.FindInk().right(), 70 * GetParam());
   EXPECT_GT(paper.FindInk().right(), 55 * GetParam());
@@ -128,7 +130,7 @@ TEST_P(OnPaper, AMillionLettersAreCutAsAHundredAre) {
     std::string text;
     for (int i = 0; i < count; ++i) text += "dé";
     paper.image.fill(Qt::white);
-    paper.Draw([&](PainterDrawbot& drawbot) { drawbot.DrawTextLine(MakeLine(text, {10, 0, 60, 60})); });
+    paper.Draw([&](PainterDrawbot& drawbot) { DrawLine(drawbot, text, {10, 0, 60, 60}); });
     return paper.image.copy();
   };
   const QImage few = drawTimes(100);
@@ -137,7 +139,7 @@ TEST_P(OnPaper, AMillionLettersAreCutAsAHundredAre) {
 
 TEST_P(OnPaper, TextsFromRightToLeftStayInTheirRoom) {
   paper.Draw([](PainterDrawbot& drawbot) {
-    drawbot.DrawTextLine(MakeLine("שלום עולם שלום עולם", {20, 0, 60, 60}));
+    DrawLine(drawbot, "שלום עולם שלום עולם", {20, 0, 60, 60});
   });
   const QRect ink = paper.FindInk();
   EXPECT_FALSE(ink.isNull());
@@ -147,19 +149,15 @@ TEST_P(OnPaper, TextsFromRightToLeftStayInTheirRoom) {
 
 TEST_P(OnPaper, EmojiAndBrokenTextDrawSomething) {
   paper.Draw([](PainterDrawbot& drawbot) {
-    drawbot.DrawTextLine(MakeLine("\xF0\x9F\x8E\xAC\xFF", {10, 0, 60, 60}));
+    DrawLine(drawbot, "\xF0\x9F\x8E\xAC\xFF", {10, 0, 60, 60});
   });
   EXPECT_FALSE(paper.FindInk().isNull());
 }
 
 TEST_P(OnPaper, EachTextHasItsOwnColour) {
   paper.Draw([](PainterDrawbot& drawbot) {
-    auto line = MakeLine("MMM", {10, 0, 80, 30}, 15);
-    line.color = kRed;
-    drawbot.DrawTextLine(line);
-    line.centre = 45;
-    line.color = kBlue;
-    drawbot.DrawTextLine(line);
+    DrawLine(drawbot, "MMM", {10, 0, 80, 30}, 15, kRed);
+    DrawLine(drawbot, "MMM", {10, 0, 80, 30}, 45, kBlue);
   });
   EXPECT_GT(paper.Count(qRgb(255, 0, 0)), 0);
   EXPECT_GT(paper.Count(qRgb(0, 0, 255)), 0);
@@ -171,8 +169,8 @@ TEST_P(OnPaper, ATextThatWasDrawnBeforeIsDrawnAlike) {
     paper.image.fill(Qt::white);
     QPainter painter(&paper.image);
     PainterDrawbot drawbot(painter, fonts);
-    drawbot.DrawTextLine(MakeLine("A text that is much too long", {10, 0, 60, 60}));
-    drawbot.DrawTextLine(MakeLine("A text", {10, 0, 60, 60}, 10));
+    DrawLine(drawbot, "A text that is much too long", {10, 0, 60, 60});
+    DrawLine(drawbot, "A text", {10, 0, 60, 60}, 10);
     return paper.image.copy();
   };
   const QImage first = draw();
@@ -184,7 +182,7 @@ TEST_P(OnPaper, NothingIsDrawnBeyondTheConfines) {
     drawbot.Confine({20, 20, 30, 20});
     drawbot.FillRect({0, 0, 100, 60}, kRed);
     drawbot.StrokeRect({0, 0, 100, 60}, kRed, 5);
-    drawbot.DrawTextLine(MakeLine("MMMMMMMM", {10, 0, 80, 60}, 20));
+    DrawLine(drawbot, "MMMMMMMM", {10, 0, 80, 60}, 20);
   });
   EXPECT_EQ(paper.FindInk(), OnDevice(20, 20, 30, 20));
 }
