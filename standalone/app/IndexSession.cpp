@@ -20,7 +20,7 @@ constexpr std::uint32_t kNoModifierKeys = 0;
 
 Runtime::Setup MakeSetup(bool isProbing) {
   Runtime::Setup setup;
-  setup.poolThreads = isProbing ? std::max(1U, std::thread::hardware_concurrency()) : 1;
+  setup.poolThreads = isProbing ? std::max(1U, std::thread::hardware_concurrency()) : 0;
   return setup;
 }
 

@@ -17,7 +17,7 @@ class StationRegistry;
 class STANDALONE_API Runtime {
  public:
   struct Setup {
-    /// Threads of the own pool.
+    /// Threads of the own pool; 0: Drain runs its tasks, on the main thread.
     unsigned poolThreads = 2;
     /// Stands in for the pool (a test that steps tasks by hand); null: the own pool.
     std::shared_ptr<qelcore::threads::AsyncExecutor> cpuExecutor = nullptr;

@@ -1,6 +1,5 @@
 #include "standalone/runtime/ThreadPool.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "standalone/runtime/Guard.h"
@@ -8,10 +7,9 @@
 namespace standalone {
 
 ThreadPool::ThreadPool(unsigned threadCount) {
-  const unsigned count = std::max(threadCount, 1U);
-  threads.reserve(count);
+  threads.reserve(threadCount);
   try {
-    for (unsigned i = 0; i < count; ++i) threads.emplace_back([this] { RunTasks(); });
+    for (unsigned i = 0; i < threadCount; ++i) threads.emplace_back([this] { RunTasks(); });
   } catch (...) {
     Stop();
     throw;
@@ -32,6 +30,7 @@ void ThreadPool::Submit(std::function<void()> task) {
 }
 
 void ThreadPool::Drain() {
+  if (threads.empty()) return RunWaitingTasks();
   std::unique_lock lock(mutex);
   becameIdle.wait(lock, [this] { return tasks.empty() && runningTasks == 0; });
 }
@@ -54,18 +53,33 @@ void ThreadPool::Stop() {
 }
 
 void ThreadPool::RunTasks() {
-  for (std::function<void()> task; AwaitTask(task);) {
-    CallGuarded("task", task);
-    // Before the pool counts the task as done: what it holds may live in a library that is released
-    // as soon as the pool is idle.
-    task = nullptr;
-    CountAsDone();
-  }
+  for (std::function<void()> task; AwaitTask(task);) Run(task);
+}
+
+void ThreadPool::RunWaitingTasks() {
+  for (std::function<void()> task; TakeTask(task);) Run(task);
+}
+
+void ThreadPool::Run(std::function<void()>& task) {
+  CallGuarded("task", task);
+  // Before the pool counts the task as done: what it holds may live in a library that is released as
+  // soon as the pool is idle.
+  task = nullptr;
+  CountAsDone();
 }
 
 bool ThreadPool::AwaitTask(std::function<void()>& task) {
   std::unique_lock lock(mutex);
   taskWaits.wait(lock, [this] { return isStopping || !tasks.empty(); });
+  return TakeOldest(task);
+}
+
+bool ThreadPool::TakeTask(std::function<void()>& task) {
+  const std::scoped_lock lock(mutex);
+  return TakeOldest(task);
+}
+
+bool ThreadPool::TakeOldest(std::function<void()>& task) {
   if (tasks.empty()) return false;
   task = std::move(tasks.front());
   tasks.pop_front();

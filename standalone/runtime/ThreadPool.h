@@ -16,7 +16,8 @@ namespace standalone {
 /// submitted. The runtime owns it and stops it before letting it go.
 class STANDALONE_API ThreadPool final : public qelcore::threads::AsyncExecutor {
  public:
-  /// At least one thread is started.
+  /// `threadCount` may be 0: then Drain() is the thread, for a program that waits for each task anyway
+  /// and has no use for a second one.
   explicit ThreadPool(unsigned threadCount);
   /// Stop(), unless that was done. Never on a thread of the pool.
   ~ThreadPool() override;
@@ -26,7 +27,8 @@ class STANDALONE_API ThreadPool final : public qelcore::threads::AsyncExecutor {
   /// After Stop() the task is dropped, inside this call.
   void Submit(std::function<void()> task) override;
 
-  /// Waits until no task waits, runs, or is being destroyed. Not on a thread of the pool.
+  /// Waits until no task waits, runs, or is being destroyed. Without threads it runs those that wait.
+  /// Not on a thread of the pool, nor within a task.
   void Drain();
   /// True when Drain() would not wait.
   bool IsIdle() const;
@@ -36,8 +38,15 @@ class STANDALONE_API ThreadPool final : public qelcore::threads::AsyncExecutor {
 
  private:
   void RunTasks();
+  void RunWaitingTasks();
+  /// Runs a task that counts as running.
+  void Run(std::function<void()>& task);
   /// Waits for a task and counts it as running; false when the pool stops.
   bool AwaitTask(std::function<void()>& task);
+  /// Counts the oldest task as running, if there is one.
+  bool TakeTask(std::function<void()>& task);
+  /// The same while the mutex is held.
+  bool TakeOldest(std::function<void()>& task);
   void CountAsDone();
 
   mutable std::mutex mutex;

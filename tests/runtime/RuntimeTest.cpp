@@ -82,6 +82,14 @@ TEST(Draining, GoesOnUntilPoolAndQueueAreBothEmpty) {
   EXPECT_EQ(left, 0);
 }
 
+TEST(Draining, WithoutThreadsGoesOnUntilPoolAndQueueAreBothEmpty) {
+  Runtime runtime(Runtime::Setup{.poolThreads = 0});
+  std::atomic<int> left = 200;
+  BounceBetweenThreads(left);
+  runtime.Drain();
+  EXPECT_EQ(left, 0);
+}
+
 TEST(Draining, IncludesDelayedFunctions) {
   Runtime runtime;
   bool ran = false;

@@ -36,12 +36,42 @@ TEST(ThreadPool, RunsEveryTaskElsewhere) {
   EXPECT_TRUE(pool.IsIdle());
 }
 
-TEST(ThreadPool, StartsAtLeastOneThread) {
+TEST(ThreadPool, WithoutThreadsTheTasksRunInOrderWhileItIsDrained) {
+  ThreadPool pool(0);
+  std::vector<int> ran;
+  const std::thread::id self = std::this_thread::get_id();
+  pool.Submit([&] {
+    EXPECT_EQ(std::this_thread::get_id(), self);
+    EXPECT_FALSE(pool.IsIdle());
+    ran.push_back(1);
+    pool.Submit([&] { ran.push_back(3); });
+  });
+  pool.Submit([&] { ran.push_back(2); });
+  EXPECT_TRUE(ran.empty());
+  EXPECT_FALSE(pool.IsIdle());
+  pool.Drain();
+  EXPECT_THAT(ran, ElementsAre(1, 2, 3));
+  EXPECT_TRUE(pool.IsIdle());
+}
+
+TEST(ThreadPool, WithoutThreadsAFailureEndsInTheLogAndTheNextTaskRuns) {
+  Runtime runtime(Runtime::Setup{.poolThreads = 0});
+  bool ran = false;
+  runtime.GetCPUExecutor()->Submit([] { throw std::runtime_error("no rows"); });
+  runtime.GetCPUExecutor()->Submit([&] { ran = true; });
+  runtime.Drain();
+  EXPECT_TRUE(ran);
+  EXPECT_THAT(runtime.GetLog().TakeFailures(), ElementsAre("task: no rows"));
+}
+
+TEST(ThreadPool, WithoutThreadsStoppingDropsWhatWaits) {
   ThreadPool pool(0);
   bool ran = false;
-  pool.Submit([&ran] { ran = true; });
+  pool.Submit([&] { ran = true; });
+  pool.Stop();
   pool.Drain();
-  EXPECT_TRUE(ran);
+  EXPECT_FALSE(ran);
+  EXPECT_TRUE(pool.IsIdle());
 }
 
 TEST(ThreadPool, RunsTasksAtTheSameTime) {
