@@ -48,7 +48,7 @@ TableCell PanelTable::ReadCell(std::size_t row, std::size_t column) {
   drawbot.Clear();
   const Place& place = places[column];
   CallPanel([&] {
-    tree.DrawCellOfRow(drawbot, tree.GetRow(row), place.displayIndex, {0, 0, place.pixels, kRowHeight});
+    tree.DrawCellOfRow(drawbot, FindRow(row), place.displayIndex, {0, 0, place.pixels, kRowHeight});
   });
   TableCell cell;
   if (drawbot.GetFill()) {
@@ -57,6 +57,14 @@ TableCell PanelTable::ReadCell(std::size_t row, std::size_t column) {
   cell.text = drawbot.GetText();
   cell.isAlert = !cell.text.empty() && drawbot.GetTextColor() == kRed;
   return cell;
+}
+
+PanelTable::Row* PanelTable::FindRow(std::size_t position) {
+  if (found == nullptr || position != foundPosition) {
+    found = tree.GetRow(position);
+    foundPosition = position;
+  }
+  return found;
 }
 
 }  // namespace standalone

@@ -29,7 +29,14 @@ class PanelTable final : public TableSource {
     float pixels = 0;
   };
 
+  using Row = qelui::controls::UI_MultiColumnTreeRow;
+
+  /// The tree's row at a position. A table is read row by row.
+  Row* FindRow(std::size_t position);
+
   const qelui::controls::UI_MultiColumnTree& tree;
+  std::size_t foundPosition = 0;
+  Row* found = nullptr;
   std::vector<TableColumn> columns;
   std::vector<Place> places;
   /// Keeps the text of the cell read last.

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 namespace standalone {
 
@@ -12,6 +13,9 @@ namespace {
 constexpr std::string_view kBold = "\033[1m";
 constexpr std::string_view kRed = "\033[31m";
 constexpr std::string_view kReset = "\033[0m";
+/// The longest of all that stands around a text.
+constexpr std::size_t kStyleSize = std::max(kBold.size(), kRed.size()) + kReset.size();
+constexpr std::string_view kLineBreak = "\n";
 
 /// What the steps of the colour cube stand for, and where the cube and the greys begin.
 constexpr std::array<int, 6> kCubeLevels{0, 95, 135, 175, 215, 255};
@@ -44,35 +48,39 @@ std::string GetBackground(const ZSL::Color& color, ColorDepth depth) {
 
 }  // namespace
 
-void TableLine::WritePendingBlanks() {
-  if (isFinished) line.clear();
-  isFinished = false;
-  line.append(pendingBlanks, ' ');
+void TableLine::Begin(std::size_t more) {
+  const std::size_t wanted = size + pendingBlanks + more;
+  if (wanted > line.size()) line.resize(2 * wanted);
+  std::fill_n(line.data() + size, pendingBlanks, ' ');
+  size += pendingBlanks;
   pendingBlanks = 0;
 }
 
 void TableLine::AddText(std::string_view text, TextStyle style) {
   const std::size_t end = text.find_last_not_of(' ') + 1;
   if (end > 0) {
-    WritePendingBlanks();
-    if (style != TextStyle::kPlain) line.append(style == TextStyle::kBold ? kBold : kRed);
-    line.append(text.substr(0, end));
-    if (style != TextStyle::kPlain) line.append(kReset);
+    Begin(end + kStyleSize);
+    if (style != TextStyle::kPlain) Write(style == TextStyle::kBold ? kBold : kRed);
+    Write(text.substr(0, end));
+    if (style != TextStyle::kPlain) Write(kReset);
   }
   AddBlanks(text.size() - end);
 }
 
 void TableLine::AddSwatch(const ZSL::Color& color, std::size_t columns, ColorDepth depth) {
-  WritePendingBlanks();
-  line.append(GetBackground(color, depth)).append(columns, ' ').append(kReset);
+  const std::string background = GetBackground(color, depth);
+  Begin(background.size());
+  Write(background);
+  AddBlanks(columns);
+  Begin(kReset.size());
+  Write(kReset);
 }
 
 std::string_view TableLine::Finish() {
   pendingBlanks = 0;
-  WritePendingBlanks();
-  line.push_back('\n');
-  isFinished = true;
-  return line;
+  Begin(kLineBreak.size());
+  Write(kLineBreak);
+  return {line.data(), std::exchange(size, 0)};
 }
 
 unsigned FindPaletteColor(const ZSL::Color& color) {

@@ -25,11 +25,14 @@ class TableLine {
   std::string_view Finish();
 
  private:
-  void WritePendingBlanks();
+  /// Writes the blanks in front of what comes now, and sees that there is room for it.
+  void Begin(std::size_t more);
+  void Write(std::string_view piece) { size += piece.copy(line.data() + size, piece.size()); }
 
+  /// Longer than the text in it, so that pieces are only copied.
   std::string line;
+  std::size_t size = 0;
   std::size_t pendingBlanks = 0;
-  bool isFinished = false;
 };
 
 /// The number of the terminal's colour, in the cube (16 to 231) or among the greys (232 to 255), that

@@ -94,6 +94,11 @@ inline void JsonStream::SkipBlanks() {
       ++line;
       ++source;
     } else if (*source == ' ') {
+      // One alone, as behind a colon.
+      if (static_cast<unsigned char>(source[1]) > ' ') {
+        ++source;
+        return;
+      }
       std::size_t count = 0;
       do {
         count = CountZeros(PeekEight() ^ kEachByte * ' ');

@@ -147,7 +147,10 @@ std::size_t JsonTreeBuilder::ExpectInAll(std::size_t countSoFar) const {
 void JsonTreeBuilder::MakeRoom() {
   constexpr std::size_t kSample = std::size_t{1} << 16;
   const std::size_t count = tree.nodes.size();
-  tree.nodes.reserve(count < kSample ? std::max(2 * count, kSample / 64) : ExpectInAll(count));
+  // What little text there may be to one of them.
+  constexpr std::size_t kTextOfNode = 32;
+  const std::size_t first = std::min(kSample, expectedLength / kTextOfNode + 1);
+  tree.nodes.reserve(count < kSample ? std::max(2 * count, first) : ExpectInAll(count));
   PreferLargePages(tree.nodes.data() + count, (tree.nodes.capacity() - count) * sizeof(JsonNode));
 }
 
@@ -210,7 +213,7 @@ bool JsonTreeBuilder::Key(const char* text, unsigned length, bool) {
   } else if (isMemberDropped) {
     BeginUnread(name);
   } else {
-    NoteRepeat(name);
+    if (!open.back().AddKey(key)) NoteRepeat(name);
     if (context == JsonContext::kMetadata) {
       writer = {{}, open[open.size() - 2].node, 0, true};
       writerName = name;
@@ -223,16 +226,11 @@ bool JsonTreeBuilder::Key(const char* text, unsigned length, bool) {
   return true;
 }
 
-/// Fonts go by several names, each of which counts.
 void JsonTreeBuilder::NoteRepeat(std::string_view name) {
-  const auto position = static_cast<std::size_t>(key);
-  auto& keys = open.back().keys;
-  if (keys.test(position) && key != JsonKey::kFont && tree.repairs.repeatedMembers++ == 0) {
-    tree.repairs.repeatedMemberLine = stream->line;
-    tree.repairs.repeatedMemberName = KeepName(name);
-  }
-  keys.set(position);
-  open.back().keyBits |= JsonNode::BitOf(key);
+  // Fonts go by several names, each of which counts.
+  if (key == JsonKey::kFont || tree.repairs.repeatedMembers++ != 0) return;
+  tree.repairs.repeatedMemberLine = stream->line;
+  tree.repairs.repeatedMemberName = KeepName(name);
 }
 
 bool JsonTreeBuilder::Open(JsonValue::Type type) {

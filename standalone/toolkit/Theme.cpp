@@ -1,5 +1,7 @@
 #include "host/qelui/Theme.h"
 
+#include <array>
+
 #include "standalone/runtime/Runtime.h"
 #include "standalone/toolkit/ThemeColors.h"
 
@@ -35,9 +37,10 @@ ThemeProvider::~ThemeProvider() = default;
 
 std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider() {
   standalone::AssertMainThread("GetDefaultThemeProvider");
-  static const ColorsProvider dark(standalone::GetColorsOfTheme(standalone::ThemeName::kDark));
-  static const ColorsProvider light(standalone::GetColorsOfTheme(standalone::ThemeName::kLight));
-  return Share(standalone::GetTheme() == standalone::ThemeName::kLight ? light : dark);
+  static const std::array providers{
+      ColorsProvider(standalone::GetColorsOfTheme(standalone::ThemeName::kDark)),
+      ColorsProvider(standalone::GetColorsOfTheme(standalone::ThemeName::kLight))};
+  return Share(providers[standalone::GetTheme() == standalone::ThemeName::kLight ? 1 : 0]);
 }
 
 const qelcore::UTF8String& GetFontName(std::uint32_t number) {
