@@ -52,8 +52,9 @@ struct JsonStream {
     window->Extend(source, line);
     mark = window->GetMark();
   }
-  /// The next eight bytes, the first one lowest; compilers make it one instruction.
-  std::uint64_t PeekEight() const;
+  /// Eight bytes from there on, the first one lowest; compilers make it one instruction.
+  static std::uint64_t ReadEight(const char* place);
+  void SkipSpaces();
   /// How many of eight bytes stand below the lowest one that differs from 0.
   static std::size_t CountZeros(std::uint64_t bytes) {
     return static_cast<std::size_t>(std::countr_zero(bytes)) / 8;
@@ -74,12 +75,26 @@ struct JsonEncoding : rapidjson::UTF8<> {
   }
 };
 
-inline std::uint64_t JsonStream::PeekEight() const {
+inline std::uint64_t JsonStream::ReadEight(const char* place) {
   std::uint64_t bytes = 0;
   for (unsigned i = 0; i < 8; ++i) {
-    bytes |= std::uint64_t{static_cast<unsigned char>(source[i])} << 8U * i;
+    bytes |= std::uint64_t{static_cast<unsigned char>(place[i])} << 8U * i;
   }
   return bytes;
+}
+
+/// Sixteen at a time: a pretty-printed timeline is indented by some dozens.
+inline void JsonStream::SkipSpaces() {
+  while (source < mark) {
+    const std::uint64_t first = ReadEight(source) ^ kEachByte * ' ';
+    const std::uint64_t second = ReadEight(source + 8) ^ kEachByte * ' ';
+    if (first != 0) {
+      source += CountZeros(first);
+      return;
+    }
+    source += 8 + CountZeros(second);
+    if (second != 0) return;
+  }
 }
 
 inline void JsonStream::SkipBlanks() {
@@ -99,11 +114,7 @@ inline void JsonStream::SkipBlanks() {
         ++source;
         return;
       }
-      std::size_t count = 0;
-      do {
-        count = CountZeros(PeekEight() ^ kEachByte * ' ');
-        source += count;
-      } while (count == 8 && source < mark);
+      SkipSpaces();
     } else if (*source == '\r' || *source == '\t') {
       ++source;
     } else {
@@ -118,7 +129,7 @@ inline void JsonStream::CopyPlainText() {
   std::size_t count = 0;
   do {
     if (source >= mark) ReadOn();
-    const std::uint64_t bytes = PeekEight();
+    const std::uint64_t bytes = ReadEight(source);
     const std::uint64_t isControl = (bytes - kEachByte * 0x20) & ~bytes;
     const std::uint64_t isQuote = markZero(bytes ^ kEachByte * '"');
     const std::uint64_t isEscape = markZero(bytes ^ kEachByte * '\\');

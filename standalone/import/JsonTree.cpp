@@ -45,23 +45,4 @@ std::size_t JsonValue::GetLine() const {
   return tree == nullptr ? 0 : GetNode().line;
 }
 
-JsonValue JsonValue::Iterator::operator*() const {
-  const bool isName = tree->nodes[index].key == JsonKey::kNamed;
-  return {tree, isName ? index + 1 : index};
-}
-
-JsonValue::Iterator& JsonValue::Iterator::operator++() {
-  index = tree->GetEnd(index);
-  return *this;
-}
-
-JsonValue::Iterator JsonValue::begin() const {
-  if (!IsObject() && !IsArray()) return end();
-  return {tree, index + 1};
-}
-
-JsonValue::Iterator JsonValue::end() const {
-  return {tree, tree == nullptr ? 0 : tree->GetEnd(index)};
-}
-
 }  // namespace standalone

@@ -198,4 +198,23 @@ inline std::optional<bool> JsonValue::GetBool() const {
   return GetNode().extent != 0;
 }
 
+inline JsonValue JsonValue::Iterator::operator*() const {
+  const bool isName = tree->nodes[index].key == JsonKey::kNamed;
+  return {tree, isName ? index + 1 : index};
+}
+
+inline JsonValue::Iterator& JsonValue::Iterator::operator++() {
+  index = tree->GetEnd(index);
+  return *this;
+}
+
+inline JsonValue::Iterator JsonValue::begin() const {
+  if (!IsObject() && !IsArray()) return end();
+  return {tree, index + 1};
+}
+
+inline JsonValue::Iterator JsonValue::end() const {
+  return {tree, tree == nullptr ? 0 : tree->GetEnd(index)};
+}
+
 }  // namespace standalone

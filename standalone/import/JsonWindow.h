@@ -15,7 +15,7 @@ namespace standalone {
 class JsonWindow {
  public:
   /// So many bytes behind the mark are in the window, unless the text ends there; whoever takes bytes
-  /// looks at the mark before each eight.
+  /// looks at the mark before each sixteen.
   static constexpr std::ptrdiff_t kLookAhead = 64;
 
   JsonWindow(TextSource& source, JsonRepairs& repairs);

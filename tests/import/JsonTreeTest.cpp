@@ -64,6 +64,26 @@ TEST(JsonTrees, HalfASurrogatePairBecomesAReplacementCharacter) {
   EXPECT_EQ(name(R"(\\ud83c \\\ud83c)"), "\\ud83c \\\uFFFD");
 }
 
+TEST(JsonTrees, AnyNumberOfBlanksMayStandBetweenTokens) {
+  for (const char* before : {"", "\n", "\t", " \r\n", "\n\n "}) {
+    for (std::size_t count = 0; count <= 70; ++count) {
+      const std::string blanks = before + std::string(count, ' ');
+      std::string text;
+      for (const char* token : {"{", "\"name\"", ":", "\" a  b \"", ",", "\"tracks\"", ":", "[", "1",
+                                ",", "true", "]", "}"}) {
+        text += blanks + token;
+      }
+      const Parsed parsed(text + blanks);
+      ASSERT_EQ(parsed[JsonKey::kName].GetText(), " a  b ") << text;
+      std::string elements;
+      for (const JsonValue element : parsed[JsonKey::kTracks]) {
+        elements += std::string(element.GetNumber()) + (element.GetBool() ? "yes" : ",");
+      }
+      ASSERT_EQ(elements, "1,yes") << text;
+    }
+  }
+}
+
 TEST(JsonTrees, MembersOfFreeNamesKeepTheirNames) {
   const Parsed parsed(R"({"media_references": {"A": {"name": "a"}, "B": null, "C": 1}, "name": "n"})");
   std::vector<std::string> names;
