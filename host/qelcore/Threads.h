@@ -8,7 +8,8 @@
 
 namespace qelcore::threads {
 
-/// Runs tasks somewhere else.
+/// Runs tasks later, mostly on other threads. A host without further ones runs them on the main thread,
+/// between other things that it does there.
 class HOST_API AsyncExecutor {
  public:
   virtual ~AsyncExecutor();

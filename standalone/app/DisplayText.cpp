@@ -53,8 +53,9 @@ std::uint64_t ReadWord(const char* bytes) {
   return word;
 }
 
-/// IsPlain of eight bytes at once. A byte's highest bit tells that it is no ASCII, and is set by the
-/// steps that lead out of the plain ones; a carry into a byte comes only from one that is not plain.
+/// IsPlain of eight bytes at once. A byte's highest bit is set where it is no ASCII; 0x20 taken away
+/// sets it for what is below ' ', and 1 added for 0x7F. Only a byte that is not plain borrows from the
+/// next one, or carries into it.
 bool IsPlainWord(std::uint64_t word) {
   constexpr std::uint64_t kEachByte = 0x0101010101010101;
   return ((word | (word - kEachByte * ' ') | (word + kEachByte)) & (kEachByte << 7U)) == 0;

@@ -20,8 +20,8 @@ namespace standalone {
 /// std::runtime_error: a failed build must not pass as an empty table.
 class IndexSession {
  public:
-  /// `isProbing`: media files will be read, by as many threads as there are processors. Without it
-  /// there is only one thread: a command waits for each build of the index anyway. Throws:
+  /// `isProbing`: media files will be read, by as many threads as there are processors. Without it the
+  /// pool has none: a command waits for each build of the index anyway, and does it itself. Throws:
   /// std::runtime_error when the module can't be loaded or its panel can't be opened.
   explicit IndexSession(bool isProbing = true);
   /// Closes the panel and unloads the module.

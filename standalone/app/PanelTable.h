@@ -35,8 +35,9 @@ class PanelTable final : public TableSource {
   Row* FindRow(std::size_t position);
 
   const qelui::controls::UI_MultiColumnTree& tree;
-  std::size_t foundPosition = 0;
+  /// The row looked at last, and where it stands; null before the first look.
   Row* found = nullptr;
+  std::size_t foundPosition = 0;
   std::vector<TableColumn> columns;
   std::vector<Place> places;
   /// Keeps the text of the cell read last.

@@ -75,7 +75,7 @@ bool ShowFile(IndexSession& session, DocumentReader& reader, const std::string& 
 bool RunFile(const std::string& file, const TableArguments& arguments, DocumentReader& reader,
              TablePrinter& printer, std::unique_ptr<IndexSession>& session) {
   try {
-    // One for each file, so that no more than one is in memory.
+    // One for each file; a second one can't begin before the first is gone.
     session.reset();
     session = std::make_unique<IndexSession>(arguments.options.reading.isProbing);
     SetUpPanel(*session, arguments.options);
@@ -100,18 +100,18 @@ bool IsThere(const std::string& word) {
 
 }  // namespace
 
-bool RunTable(const TableArguments& arguments, std::unique_ptr<IndexSession>& session) {
+PrintedTables RunTable(const TableArguments& arguments) {
   KeepMemoryBetweenSteps();
   DocumentReader reader(arguments.options.reading);
   TablePrinter printer(arguments);
-  bool areAllShown = true;
+  PrintedTables printed;
   for (const std::string& file : arguments.files) {
     const bool mayBeCommand = arguments.isCommandImplied && &file == &arguments.files.front();
     const bool isShown =
-        (!mayBeCommand || IsThere(file)) && RunFile(file, arguments, reader, printer, session);
-    areAllShown = areAllShown && isShown;
+        (!mayBeCommand || IsThere(file)) && RunFile(file, arguments, reader, printer, printed.session);
+    printed.areAllShown = printed.areAllShown && isShown;
   }
-  return areAllShown;
+  return printed;
 }
 
 }  // namespace standalone

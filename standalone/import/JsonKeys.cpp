@@ -156,8 +156,8 @@ bool HaveSameWords(const char* left, const char* right, std::size_t size) {
   return ReadWord<Word>(left + last) == ReadWord<Word>(right + last);
 }
 
-/// A file has some dozen names for each clip, all of them short: to compare them byte by byte, or to
-/// call somebody who does it better, would take longer than to find them.
+/// A file has some dozen names for each clip, all of them short: a call of memcmp would take longer
+/// than the few words that it compares.
 bool IsSameName(std::string_view left, std::string_view right) {
   const std::size_t size = left.size();
   if (size != right.size()) return false;

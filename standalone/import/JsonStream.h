@@ -13,8 +13,8 @@ namespace standalone {
 /// The parser's view of a text: decodes strings in place and counts lines on the way. A line break
 /// inside a string is escaped, so every real one passes here before its bytes can be overwritten.
 ///
-/// A pretty-printed timeline is mostly indentation and plain names: both are passed eight bytes at a
-/// time.
+/// A pretty-printed timeline is mostly indentation and plain names: these are passed eight bytes at a
+/// time, indentation sixteen.
 struct JsonStream {
   using Ch = char;
 
@@ -86,6 +86,7 @@ inline std::uint64_t JsonStream::ReadEight(const char* place) {
 /// Sixteen at a time: a pretty-printed timeline is indented by some dozens.
 inline void JsonStream::SkipSpaces() {
   while (source < mark) {
+    static_assert(JsonWindow::kPadding >= 16);
     const std::uint64_t first = ReadEight(source) ^ kEachByte * ' ';
     const std::uint64_t second = ReadEight(source + 8) ^ kEachByte * ' ';
     if (first != 0) {

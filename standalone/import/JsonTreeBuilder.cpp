@@ -147,7 +147,7 @@ std::size_t JsonTreeBuilder::ExpectInAll(std::size_t countSoFar) const {
 void JsonTreeBuilder::MakeRoom() {
   constexpr std::size_t kSample = std::size_t{1} << 16;
   const std::size_t count = tree.nodes.size();
-  // What little text there may be to one of them.
+  // Bytes of the text for each node, in a dense file.
   constexpr std::size_t kTextOfNode = 32;
   const std::size_t first = std::min(kSample, expectedLength / kTextOfNode + 1);
   tree.nodes.reserve(count < kSample ? std::max(2 * count, first) : ExpectInAll(count));

@@ -11,9 +11,6 @@ namespace {
 /// A quarter of a megabyte: a few system calls for each, and room for it in the cache.
 constexpr std::size_t kBlockSize = std::size_t{1} << 18;
 
-/// Zero bytes behind the text, for a parser that looks at so many at a time.
-constexpr std::size_t kPadding = 16;
-
 /// "\uXXXX"
 constexpr std::size_t kEscapeLength = 6;
 

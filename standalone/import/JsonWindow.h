@@ -11,12 +11,14 @@
 namespace standalone {
 
 /// The part of a text that is being parsed, so short that it stays in the processor's cache: what was
-/// parsed makes room for what follows. Zero bytes follow the text's end.
+/// parsed makes room for what follows.
 class JsonWindow {
  public:
   /// So many bytes behind the mark are in the window, unless the text ends there; whoever takes bytes
   /// looks at the mark before each sixteen.
   static constexpr std::ptrdiff_t kLookAhead = 64;
+  /// So many zero bytes follow the text's end.
+  static constexpr std::size_t kPadding = 16;
 
   JsonWindow(TextSource& source, JsonRepairs& repairs);
 

@@ -39,8 +39,8 @@ class STANDALONE_API Runtime {
   StationRegistry& GetStations() noexcept;
   std::shared_ptr<qelcore::threads::AsyncExecutor> GetCPUExecutor() const;
 
-  /// Runs pool and main queue until both are empty. [main-thread]; with a stand-in executor only the
-  /// main queue is run.
+  /// Runs pool and main queue until both are empty. [main-thread], never within a task of the pool;
+  /// with a stand-in executor only the main queue is run.
   void Drain();
 
   bool IsMainThread() const noexcept;

@@ -6,7 +6,7 @@
 
 namespace standalone {
 
-ThreadPool::ThreadPool(unsigned threadCount) {
+ThreadPool::ThreadPool(unsigned threadCount) : hasThreads(threadCount > 0) {
   threads.reserve(threadCount);
   try {
     for (unsigned i = 0; i < threadCount; ++i) threads.emplace_back([this] { RunTasks(); });
@@ -30,7 +30,10 @@ void ThreadPool::Submit(std::function<void()> task) {
 }
 
 void ThreadPool::Drain() {
-  if (threads.empty()) return RunWaitingTasks();
+  if (!hasThreads) {
+    RunWaitingTasks();
+    return;
+  }
   std::unique_lock lock(mutex);
   becameIdle.wait(lock, [this] { return tasks.empty() && runningTasks == 0; });
 }

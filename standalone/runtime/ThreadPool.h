@@ -49,6 +49,8 @@ class STANDALONE_API ThreadPool final : public qelcore::threads::AsyncExecutor {
   bool TakeOldest(std::function<void()>& task);
   void CountAsDone();
 
+  /// False: Drain() runs the tasks.
+  const bool hasThreads;
   mutable std::mutex mutex;
   std::condition_variable taskWaits;
   std::condition_variable becameIdle;

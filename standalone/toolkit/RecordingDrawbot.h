@@ -14,7 +14,7 @@ class STANDALONE_API RecordingDrawbot final : public qelui::Drawbot {
   struct Line {
     qelcore::UTF8String text;
     qelui::Rect room;
-    float centre;
+    float centre = 0;
     qelui::ColorRGBA color;
     qelcore::UTF8String fontName;
   };

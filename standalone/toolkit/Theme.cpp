@@ -37,6 +37,7 @@ ThemeProvider::~ThemeProvider() = default;
 
 std::shared_ptr<const ThemeProvider> GetDefaultThemeProvider() {
   standalone::AssertMainThread("GetDefaultThemeProvider");
+  // In one array, so that each call looks once whether they are made. Dark is the first.
   static const std::array providers{
       ColorsProvider(standalone::GetColorsOfTheme(standalone::ThemeName::kDark)),
       ColorsProvider(standalone::GetColorsOfTheme(standalone::ThemeName::kLight))};

@@ -64,6 +64,93 @@ TEST(JsonTrees, HalfASurrogatePairBecomesAReplacementCharacter) {
   EXPECT_EQ(name(R"(\\ud83c \\\ud83c)"), "\\ud83c \\\uFFFD");
 }
 
+TEST(JsonTrees, ANameThatDiffersInOneLetterIsAnotherOne) {
+  const std::pair<std::string, JsonKey> names[] = {
+      {"r", JsonKey::kRed},
+      {"name", JsonKey::kName},
+      {"enabled", JsonKey::kEnabled},
+      {"metadata", JsonKey::kMetadata},
+      {"source_range", JsonKey::kSourceRange},
+      {"media_references", JsonKey::kMediaReferences},
+      {"active_media_reference_key", JsonKey::kActiveMediaReferenceKey}};
+  for (const auto& [name, key] : names) {
+    EXPECT_TRUE(Parsed("{\"" + name + "\": 1}")[key].HasValue()) << name;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+      // Other letters, one of which may lead to the same place among the names.
+      for (int letter = ' '; letter <= '~'; ++letter) {
+        std::string other = name;
+        other[i] = static_cast<char>(letter);
+        if (other == name || letter == '"' || letter == '\\') continue;
+        EXPECT_FALSE(Parsed("{\"" + other + "\": 1}")[key].HasValue()) << other;
+      }
+    }
+  }
+}
+
+TEST(JsonTrees, EveryMemberMayStandOnceInAnObject) {
+  const std::vector<std::string> names = {"name",
+                                          "frame_rate",
+                                          "audio_rate",
+                                          "drop_frame",
+                                          "time_display",
+                                          "muted",
+                                          "locked",
+                                          "label_color",
+                                          "label_name",
+                                          "comment",
+                                          "description",
+                                          "tape",
+                                          "source_clip_name",
+                                          "video_info",
+                                          "adjustment",
+                                          "multicam",
+                                          "is_multicam",
+                                          "camera",
+                                          "angles",
+                                          "fonts",
+                                          "missing",
+                                          "intrinsic",
+                                          "display_name",
+                                          "codec",
+                                          "fourcc",
+                                          "width",
+                                          "height",
+                                          "pixel_aspect",
+                                          "still",
+                                          "synthetic",
+                                          "graphic",
+                                          "offline",
+                                          "offline_reason",
+                                          "status",
+                                          "proxy",
+                                          "Locked",
+                                          "Media Url",
+                                          "Effect Name",
+                                          "Effects",
+                                          "reel",
+                                          "comments",
+                                          "labels",
+                                          "label2",
+                                          "mastercomment1",
+                                          "logginginfo",
+                                          "file",
+                                          "timecode",
+                                          "note"};
+  const auto countRepeats = [&](const std::string& more) {
+    std::string members;
+    for (const std::string& name : names) members += "\"" + name + "\": 1, ";
+    const Parsed parsed("{\"metadata\": {\"sequence_index\": {" + members + more + "}}}");
+    return parsed.tree.GetRepairs().repeatedMembers;
+  };
+  EXPECT_EQ(countRepeats("\"other\": 1"), 0u);
+  for (const std::string& name : names) EXPECT_EQ(countRepeats("\"" + name + "\": 1"), 1u) << name;
+}
+
+TEST(JsonTrees, AFontMayGoBySeveralNames) {
+  const Parsed parsed(R"({"parameters": {"font": "A", "fontname": "B", "text": "C", "text": "D"}})");
+  EXPECT_EQ(parsed.tree.GetRepairs().repeatedMembers, 1u);
+}
+
 TEST(JsonTrees, AnyNumberOfBlanksMayStandBetweenTokens) {
   for (const char* before : {"", "\n", "\t", " \r\n", "\n\n "}) {
     for (std::size_t count = 0; count <= 70; ++count) {

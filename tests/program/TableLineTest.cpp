@@ -32,6 +32,30 @@ TEST(TableLine, BeginsAnewAfterItsEnd) {
   EXPECT_EQ(line.Finish(), "two\n");
 }
 
+TEST(TableLine, NothingIsLeftOfALongerLineBefore) {
+  TableLine line;
+  line.AddText(std::string(300, 'x'));
+  EXPECT_EQ(line.Finish(), std::string(300, 'x') + "\n");
+  line.AddBlanks(3);
+  line.AddText("y");
+  line.AddBlanks(9);
+  line.AddText("z");
+  EXPECT_EQ(line.Finish(), "   y         z\n");
+}
+
+TEST(TableLine, HasRoomForAnyNumberOfBlanksAndTexts) {
+  TableLine line;
+  std::string expected;
+  for (std::size_t size = 1; size < 2000; size = size * 3 / 2 + 1) {
+    line.AddBlanks(size);
+    line.AddText(std::string(size, 'x'), TextStyle::kRed);
+    expected += std::string(size, ' ') + "\033[31m" + std::string(size, 'x') + "\033[0m";
+    line.AddSwatch({74, 127, 193}, size, ColorDepth::kTrue);
+    expected += "\033[48;2;74;127;193m" + std::string(size, ' ') + "\033[0m";
+  }
+  EXPECT_EQ(line.Finish(), expected + "\n");
+}
+
 TEST(TableLine, StylesEndWithTheText) {
   TableLine line;
   line.AddText("bold ", TextStyle::kBold);
