@@ -15,12 +15,15 @@ class Boxed {
   Boxed(T given) : value(std::make_unique<T>(std::move(given))) {}  // NOLINT: a value of its type
   Boxed(const Boxed& other) : value(other ? std::make_unique<T>(*other) : nullptr) {}
   Boxed(Boxed&&) noexcept = default;
-  Boxed& operator=(const Boxed& other) { return *this = Boxed(other); }
+  Boxed& operator=(const Boxed& other) {
+    value = other ? std::make_unique<T>(*other) : nullptr;
+    return *this;
+  }
   Boxed& operator=(Boxed&&) noexcept = default;
   /// A template, so that `= {}` empties the box instead of storing an empty value.
   template <std::same_as<T> Given = T>
   Boxed& operator=(Given&& given) {
-    emplace(std::move(given));
+    emplace(std::forward<Given>(given));
     return *this;
   }
   ~Boxed() = default;
