@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -44,16 +44,14 @@ class JsonTreeBuilder {
     std::uint32_t node;
     JsonContext context;
     /// The keys that an object has so far.
-    std::array<std::uint64_t, static_cast<std::size_t>(JsonKey::kCount) / 64 + 1> keys{};
+    std::bitset<static_cast<std::size_t>(JsonKey::kCount)> keys;
     std::uint32_t keyBits = 0;
 
     /// False: the object has it already.
     bool AddKey(JsonKey key) {
-      const auto position = static_cast<unsigned>(key);
-      std::uint64_t& word = keys[position / 64];
-      const std::uint64_t bit = std::uint64_t{1} << position % 64;
-      const bool isNew = (word & bit) == 0;
-      word |= bit;
+      const auto position = static_cast<std::size_t>(key);
+      const bool isNew = !keys[position];
+      keys[position] = true;
       keyBits |= JsonNode::BitOf(key);
       return isNew;
     }
