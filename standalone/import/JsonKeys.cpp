@@ -3,8 +3,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <iterator>
+
+#include "standalone/import/ShortText.h"
 
 namespace standalone {
 namespace {
@@ -139,38 +140,11 @@ constexpr KeyTable kKeyTable = [] {
   return table;
 }();
 
-template <typename Word>
-Word ReadWord(const char* bytes) {
-  Word word = 0;
-  std::memcpy(&word, bytes, sizeof(Word));
-  return word;
-}
-
-/// Compares texts of one size, not smaller than a word, word by word; the last ones may overlap.
-template <typename Word>
-bool HaveSameWords(const char* left, const char* right, std::size_t size) {
-  const std::size_t last = size - sizeof(Word);
-  for (std::size_t i = 0; i < last; i += sizeof(Word)) {
-    if (ReadWord<Word>(left + i) != ReadWord<Word>(right + i)) return false;
-  }
-  return ReadWord<Word>(left + last) == ReadWord<Word>(right + last);
-}
-
-/// A file has some dozen names for each clip, all of them short: a call of memcmp would take longer
-/// than the few words that it compares.
-bool IsSameName(std::string_view left, std::string_view right) {
-  const std::size_t size = left.size();
-  if (size != right.size()) return false;
-  if (size >= 8) return HaveSameWords<std::uint64_t>(left.data(), right.data(), size);
-  if (size >= 4) return HaveSameWords<std::uint32_t>(left.data(), right.data(), size);
-  return HaveSameWords<std::uint8_t>(left.data(), right.data(), size);
-}
-
 const KeyUse* FindKeyUse(std::string_view name) {
   if (name.empty()) return nullptr;
   for (std::uint8_t place = HashName(name); kKeyTable[place] != 0; ++place) {
     const KeyUse& use = kKeyUses[kKeyTable[place] - 1U];
-    if (IsSameName(use.name, name)) return &use;
+    if (IsSameShortText(use.name, name)) return &use;
   }
   return nullptr;
 }

@@ -15,6 +15,7 @@
 namespace standalone {
 
 class JsonTree;
+class JsonValues;
 class TextSource;
 struct JsonNode;
 
@@ -63,6 +64,10 @@ class STANDALONE_API JsonValue {
   };
   Iterator begin() const;
   Iterator end() const;
+  /// Of an array; none of all else.
+  JsonValues GetElements() const;
+  /// This value as the only one of a list.
+  JsonValues GetAlone() const;
 
  private:
   friend class JsonTree;
@@ -73,10 +78,29 @@ class STANDALONE_API JsonValue {
   std::uint32_t index = 0;
 };
 
+/// Values that follow each other. To go through a long timeline's items is to fetch each of them from
+/// the memory: whoever only wants to know how many there are asks for that.
+class JsonValues {
+ public:
+  JsonValues() = default;
+  JsonValues(JsonValue::Iterator first, JsonValue::Iterator last, std::size_t count)
+      : first(first), last(last), count(count) {}
+
+  JsonValue::Iterator begin() const { return first; }
+  JsonValue::Iterator end() const { return last; }
+  std::size_t Count() const { return count; }
+
+ private:
+  JsonValue::Iterator first{nullptr, 0};
+  JsonValue::Iterator last{nullptr, 0};
+  std::size_t count = 0;
+};
+
 /// A timeline of 100,000 clips has millions of them, so a node is kept small: it has a length or an
 /// end, never both.
 struct JsonNode {
-  /// Where the text begins among those of the tree; of an object, the bits of its members' keys.
+  /// Where the text begins among those of the tree; of an object, the bits of its members' keys; of an
+  /// array, the number of its elements.
   std::uint32_t text = 0;
   /// The length of a text or number; of a container, the index of the first node that is not inside it;
   /// 1 for true.
@@ -215,6 +239,14 @@ inline JsonValue::Iterator JsonValue::begin() const {
 
 inline JsonValue::Iterator JsonValue::end() const {
   return {tree, tree == nullptr ? 0 : tree->GetEnd(index)};
+}
+
+inline JsonValues JsonValue::GetElements() const {
+  return IsArray() ? JsonValues(begin(), end(), GetNode().text) : JsonValues();
+}
+
+inline JsonValues JsonValue::GetAlone() const {
+  return tree == nullptr ? JsonValues() : JsonValues({tree, index}, end(), 1);
 }
 
 }  // namespace standalone

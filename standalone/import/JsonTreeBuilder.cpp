@@ -7,6 +7,7 @@
 
 #include "standalone/import/FileBuffer.h"
 #include "standalone/import/JsonStream.h"
+#include "standalone/import/ShortText.h"
 #include "standalone/runtime/LargePages.h"
 
 namespace standalone {
@@ -165,6 +166,13 @@ std::uint32_t JsonTreeBuilder::Keep(std::string_view text) {
   return static_cast<std::uint32_t>(place);
 }
 
+std::uint32_t JsonTreeBuilder::KeepValue(std::string_view text) {
+  KeptText& last = lastTexts[static_cast<std::size_t>(key)];
+  const std::string_view lastText(tree.texts.data() + last.place, last.size);
+  if (!IsSameShortText(lastText, text)) last = {Keep(text), static_cast<std::uint32_t>(text.size())};
+  return last.place;
+}
+
 std::string_view JsonTreeBuilder::KeepName(std::string_view name) {
   return tree.names.emplace_back(name);
 }
@@ -172,7 +180,7 @@ std::string_view JsonTreeBuilder::KeepName(std::string_view name) {
 void JsonTreeBuilder::AddNode(JsonValue::Type type, const char* text, std::size_t extent) {
   if (tree.nodes.size() == tree.nodes.capacity()) MakeRoom();
   JsonNode node;
-  if (text != nullptr) node.text = Keep({text, extent});
+  if (text != nullptr) node.text = KeepValue({text, extent});
   node.extent = static_cast<std::uint32_t>(extent);
   node.line = stream->line;
   node.key = key == JsonKey::kNamed ? JsonKey::kNone : key;
@@ -257,7 +265,7 @@ bool JsonTreeBuilder::Close(unsigned count, bool isObject) {
   }
   JsonNode& node = tree.nodes[open.back().node];
   node.extent = static_cast<std::uint32_t>(tree.nodes.size());
-  node.text = open.back().keyBits;
+  node.text = isObject ? open.back().keyBits : count;
   open.pop_back();
   return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
@@ -40,6 +41,10 @@ class JsonTreeBuilder {
   bool Double(double) { return false; }
 
  private:
+  struct KeptText {
+    std::uint32_t place = 0;
+    std::uint32_t size = 0;
+  };
   struct OpenContainer {
     std::uint32_t node;
     JsonContext context;
@@ -65,6 +70,9 @@ class JsonTreeBuilder {
   void CountUnread(const UnreadMetadata& metadata);
   /// Returns where the text stands among those of the tree.
   std::uint32_t Keep(std::string_view text);
+  /// The same for the value of the pending member: members of one name often hold one text, as rates
+  /// and schemas do, which is kept once as long as it does not change.
+  std::uint32_t KeepValue(std::string_view text);
   std::string_view KeepName(std::string_view name);
   std::size_t ExpectInAll(std::size_t countSoFar) const;
   void MakeRoom();
@@ -85,6 +93,8 @@ class JsonTreeBuilder {
   /// Depth inside a container that is dropped; 0: nothing is dropped.
   std::size_t droppedDepth = 0;
   JsonKey key = JsonKey::kNone;
+  /// Of each key, where its last text stands.
+  std::array<KeptText, static_cast<std::size_t>(JsonKey::kCount)> lastTexts;
   bool isMemberDropped = false;
   /// The known writer's dictionary that was opened last, and whether it counts already; without a name:
   /// a parameter of a generator. The window slides below names, so they are copies.

@@ -1,6 +1,7 @@
 #include "standalone/import/OtioImport.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace standalone {
@@ -35,12 +36,17 @@ JsonValue OtioImport::Expect(JsonValue object, JsonKey key, JsonValue::Type type
 }
 
 LocatedMedia& OtioImport::LocateMedia(std::string_view written) {
-  if (const auto known = locatedMedia.find(written); known != locatedMedia.end()) return known->second;
-  LocatedMedia media{.address = ReadMediaAddress(written, folder)};
+  const std::uint64_t hash = std::hash<std::string_view>()(written);
+  const auto isSame = [written](const LocatedMedia* media) { return media->written == written; };
+  if (LocatedMedia* const* const known = mediaByAddress.Find(hash, isSame)) return **known;
+  LocatedMedia& media = locatedMedia.emplace_back();
+  media.written = written;
+  media.address = ReadMediaAddress(written, folder);
   roots.Locate(media.address, files);
   media.text = media.address.text;
   media.lookUpPath = media.address.lookUpPath.native();
-  return locatedMedia.emplace(written, std::move(media)).first->second;
+  mediaByAddress.Add(hash, &media);
+  return media;
 }
 
 bool OtioImport::FileExists(LocatedMedia& media) {
@@ -76,12 +82,6 @@ void OtioImport::Reach(JsonValue item) {
 
 void OtioImport::Finish() const {
   if (progress.report) progress.report(1);
-}
-
-std::size_t CountElements(JsonValue value) {
-  std::size_t count = 0;
-  for (auto element = value.begin(); element != value.end(); ++element) ++count;
-  return count;
 }
 
 std::string FirstText(std::initializer_list<JsonValue> candidates) {

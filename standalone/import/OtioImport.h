@@ -1,12 +1,11 @@
 #pragma once
 
-#include <functional>
+#include <deque>
 #include <initializer_list>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -14,14 +13,16 @@
 #include "standalone/import/OtioPlace.h"
 #include "standalone/import/OtioReport.h"
 #include "standalone/import/OtioSchema.h"
-#include "standalone/import/TextHash.h"
 #include "standalone/import/TimelineReader.h"
+#include "standalone/model/FlatTable.h"
 #include "standalone/model/SharedText.h"
 
 namespace standalone {
 
 /// A media address of the file, and whether its file exists, as far as that was asked.
 struct LocatedMedia {
+  /// What the file writes.
+  std::string written;
   MediaAddress address;
   /// The address again, as the drafts of all clips that play it share it.
   SharedText text = {};
@@ -71,8 +72,9 @@ class OtioImport {
   MediaRoots roots;
   std::string stem;
   FileLookUp files;
-  /// By what the file writes: clips name the same few addresses over and over.
-  std::unordered_map<std::string, LocatedMedia, TextHash, std::equal_to<>> locatedMedia;
+  std::deque<LocatedMedia> locatedMedia;
+  /// Of these, by what the file writes: clips name the same few addresses over and over.
+  FlatTable<LocatedMedia*> mediaByAddress;
   std::vector<ImportNote> notes;
   OtioReport report;
   std::set<std::string_view> newerSchemas;
@@ -81,9 +83,6 @@ class OtioImport {
   std::size_t nodeCount = 1;
   std::size_t nextReport = 0;
 };
-
-/// The number of elements of an array, or members of an object.
-std::size_t CountElements(JsonValue value);
 
 /// Our own metadata of an object: the value of "sequence_index".
 inline JsonValue GetIndexMetadata(JsonValue object) {

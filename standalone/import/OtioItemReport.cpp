@@ -8,8 +8,7 @@ namespace {
 void CountList(JsonValue object, JsonKey key, OtioRemark remark, OtioImport& import,
                const OtioPlace& place) {
   const JsonValue list = object[key];
-  if (!list.IsArray()) return;
-  const std::size_t count = CountElements(list);
+  const std::size_t count = list.GetElements().Count();
   if (count > 0) import.GetReport().Count(remark, place, *list.begin(), count);
 }
 

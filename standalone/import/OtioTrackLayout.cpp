@@ -72,7 +72,7 @@ class TrackLayout {
 TimeSum TrackLayout::LayOut() {
   position.Add(window.shift);
   end = position.ToTicks();
-  track.items.reserve(source.items.size());
+  track.items.reserve(source.items.Count());
   PreferLargePages(track.items.data(), track.items.capacity() * sizeof(TrackItemDraft));
   for (const JsonValue item : source.items) {
     if (end >= qelmediatypes::kOneHundredHours) {
@@ -202,8 +202,7 @@ void TrackLayout::PlaceUnknown(JsonValue item, const OtioSchema& schema) {
     return;
   }
   ReportMarkers(item, import, place);
-  const JsonValue children = item[JsonKey::kChildren];
-  if (children.IsArray() && CountElements(children) > 0) {
+  if (item[JsonKey::kChildren].GetElements().Count() > 0) {
     import.GetReport().Count(OtioRemark::kUnknownContents, place, item);
   }
   ClipDraft& clip = AppendClip();

@@ -27,7 +27,7 @@ class TrackFinder {
     } else if (schema.kind == OtioKind::kTransition || !child.IsObject()) {
       import.AddNote(place, child, "Only tracks and items can stand in a stack; this is left out.");
     } else {
-      const OtioPlace trackPlace = Append(OtioTrackSource{{}, TrackKind::kVideo, {}, {child}});
+      const OtioPlace trackPlace = Append(OtioTrackSource{{}, TrackKind::kVideo, {}, child.GetAlone()});
       if (isInStack) import.GetReport().Count(OtioRemark::kTracksAroundItems, trackPlace, child);
     }
   }
@@ -49,7 +49,7 @@ class TrackFinder {
     }
     const JsonValue items = import.Expect(track, JsonKey::kChildren, JsonValue::Type::kArray,
                                           trackPlace, "Its children are no list; they are left out.");
-    for (const JsonValue item : items) sources.back().items.push_back(item);
+    sources.back().items = items.GetElements();
   }
 
   OtioPlace Append(OtioTrackSource source) {
@@ -62,7 +62,7 @@ class TrackFinder {
 
   void NoteKind(JsonValue track) {
     const OtioPlace trackPlace{place.sequence, {}, "track", track[JsonKey::kName].GetText()};
-    const std::size_t count = CountElements(track[JsonKey::kChildren]);
+    const std::size_t count = track[JsonKey::kChildren].GetElements().Count();
     import.AddNote(trackPlace, track,
                    "A track of the kind \"" + track[JsonKey::kKind].GetString() + "\" with " +
                        std::to_string(count) + (count == 1 ? " item" : " items") +

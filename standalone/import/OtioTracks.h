@@ -14,7 +14,7 @@ struct OtioTrackSource {
   TrackKind kind = TrackKind::kVideo;
   /// "V2".
   std::string label;
-  std::vector<JsonValue> items;
+  JsonValues items;
 };
 
 /// The tracks of a stack, or of the one track or clip given, in the order of the file. Each other thing
