@@ -73,7 +73,7 @@ RowLines::RowLines(std::span<const ColumnID> shownColumns, TickTime zeroPoint)
       asksMedia(std::ranges::any_of(shownColumns, IsMediaColumn)),
       zeroPoint(zeroPoint),
       texts(zeroPoint),
-      line(shownColumns.size()),
+      lines(shownColumns.size()),
       durations(kDurationBits),
       positions(kPositionBits),
       frameRates{RecentNumbers(kFewBits), RecentNumbers(kFewBits)},
@@ -104,18 +104,21 @@ void RowLines::Append(qelcore::oUTF8StringStream& stream, Rows rows) {
 void RowLines::AppendBlock(qelcore::oUTF8StringStream& stream, Rows rows) {
   SetSequence(rows.front().sequence.Get());
   AskAhead(rows);
+  char* next = lines.Begin();
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (i + kRowsAhead < rows.size()) RequestTexts(rows[i + kRowsAhead], clips[i + kRowsAhead]);
     row = &rows[i];
     texts.SetRow(rows[i], clips[i]);
     mediaFields = fieldsAhead[i];
-    stream << MakeLine();
+    next = AddLine(next);
   }
+  stream << lines.GetFrom(0, next);
 }
 
 /// Of a whole block at once, the first would have left the cache when the last are there.
 void RowLines::RequestTexts(const TrackItemRowData& ahead, RowClip& clip) const {
   for (const StoredText text : storedTexts) __builtin_prefetch((ahead.*text).View().data());
+  durations.Fetch(TicksOf(ahead.end - ahead.start));
   // A host may fetch what the item says when it is asked for.
   if (asksProjectItems && !clip.IsGap()) clip.GetProjectItem();
 }
@@ -148,13 +151,12 @@ void RowLines::AskMediaAhead(std::size_t count) {
   }
 }
 
-std::string_view RowLines::MakeLine() {
-  char* next = line.Begin();
+char* RowLines::AddLine(char* next) {
   for (const Column& column : columns) {
     next = column.add(*this, column, next);
-    next = CSVLine::AddComma(next, column.hasComma);
+    next = CSVLines::AddComma(next, column.hasComma);
   }
-  return line.End(next);
+  return lines.End(next);
 }
 
 /// Found once for each column: what differs from column to column is no question for each row.
@@ -198,51 +200,51 @@ auto RowLines::FindAdd(ColumnID column) -> decltype(Column::add) {
       break;
   }
   if (GetStoredText(column) != nullptr) {
-    return [](Lines l, Self self, char* next) { return l.line.AddField(next, l.row->*self.stored); };
+    return [](Lines l, Self self, char* next) { return l.lines.AddField(next, l.row->*self.stored); };
   }
-  return [](Lines l, Self self, char* next) { return l.line.AddField(next, self.make(l.texts)); };
+  return [](Lines l, Self self, char* next) { return l.lines.AddField(next, self.make(l.texts)); };
 }
 
-/// Mostly one more than that of the row before, which differs in its last digit.
+/// Ten rows differ in their last digit.
 char* RowLines::AddIndex(char* next) {
-  const bool isNext = row->index == writtenIndex + 1 && row->index % 10 != 9;
-  writtenIndex = row->index;
-  if (isNext) {
-    ++indexField.bytes[indexField.size - 1U];
-  } else {
+  const std::uint64_t number = row->index + 1;
+  if (number / 10 != writtenTens) {
     char digits[qelcore::string::kUInt64BufferSize];
-    indexField.Set(qelcore::string::ConvertUInt64ToBufferT(row->index + 1, digits));
+    indexField.Set(qelcore::string::ConvertUInt64ToBufferT(number, digits));
+    writtenTens = number / 10;
   }
-  return CSVLine::AddReadyField(next, indexField);
+  next = CSVLines::AddReadyField(next, indexField);
+  next[-1] = static_cast<char>('0' + number % 10);
+  return next;
 }
 
 char* RowLines::AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column,
                              char* next) {
-  const std::size_t begin = line.CountBytes(next);
-  next = line.AddField(next, column.make(texts));
-  known.Remember(number, line.GetFrom(begin, next));
+  const std::size_t begin = lines.CountBytes(next);
+  next = lines.AddField(next, column.make(texts));
+  known.Remember(number, lines.GetFrom(begin, next));
   return next;
 }
 
 char* RowLines::AddColor(char* next) {
   if (const ShortField* const field = colors.Find(row->labelColor)) {
-    return CSVLine::AddReadyField(next, *field);
+    return CSVLines::AddReadyField(next, *field);
   }
-  const std::size_t begin = line.CountBytes(next);
-  next = line.AddField(next, ColorFieldText(row->labelColor));
-  colors.Remember(row->labelColor, line.GetFrom(begin, next));
+  const std::size_t begin = lines.CountBytes(next);
+  next = lines.AddField(next, ColorFieldText(row->labelColor));
+  colors.Remember(row->labelColor, lines.GetFrom(begin, next));
   return next;
 }
 
 template <MediaField kField>
-char* RowLines::AddOfMedia(RowLines& lines, const Column& column, char* next) {
-  FieldsOfMedia* const fields = lines.mediaFields;
-  if (fields == nullptr) return lines.line.AddField(next, column.make(lines.texts));
+char* RowLines::AddOfMedia(RowLines& rows, const Column& column, char* next) {
+  FieldsOfMedia* const fields = rows.mediaFields;
+  if (fields == nullptr) return rows.lines.AddField(next, column.make(rows.texts));
   std::string_view& field = (*fields)[static_cast<std::size_t>(kField)];
-  if (field.data() != nullptr) return lines.line.AddKeptField(next, field);
-  const std::size_t begin = lines.line.CountBytes(next);
-  next = lines.line.AddField(next, column.make(lines.texts));
-  field = lines.knownMedia.Keep(lines.line.GetFrom(begin, next));
+  if (field.data() != nullptr) return rows.lines.AddKeptField(next, field);
+  const std::size_t begin = rows.lines.CountBytes(next);
+  next = rows.lines.AddField(next, column.make(rows.texts));
+  field = rows.knownMedia.Keep(rows.lines.GetFrom(begin, next));
   return next;
 }
 

@@ -11,7 +11,7 @@
 #include "data/ColumnIdentifiers.h"
 #include "data/StoredTexts.h"
 #include "data/TrackItemRowData.h"
-#include "export/CSVLine.h"
+#include "export/CSVLines.h"
 #include "export/MediaFields.h"
 #include "export/RecentFields.h"
 #include "export/ShortField.h"
@@ -55,22 +55,25 @@ class RowLines {
   void SetSequence(const BE::ISequence* newSequence);
   void AskAhead(std::span<const TrackItemRowData> rows);
   void AskMediaAhead(std::size_t count);
-  std::string_view MakeLine();
+  char* AddLine(char* next);
+  static std::uint64_t TicksOf(qelmediatypes::TickTime time) {
+    return static_cast<std::uint64_t>(time.GetTicks());
+  }
   static auto FindAdd(ColumnID column) -> decltype(Column::add);
   char* AddOfTime(RecentNumbers& known, qelmediatypes::TickTime time, const Column& column,
                   char* next) {
-    return AddOfNumber(known, static_cast<std::uint64_t>(time.GetTicks()), column, next);
+    return AddOfNumber(known, TicksOf(time), column, next);
   }
   char* AddOfNumber(RecentNumbers& known, std::uint64_t number, const Column& column, char* next) {
     const ShortField* const field = known.Find(number);
-    return field != nullptr ? CSVLine::AddReadyField(next, *field)
+    return field != nullptr ? CSVLines::AddReadyField(next, *field)
                             : AddNewNumber(known, number, column, next);
   }
   char* AddIndex(char* next);
   char* AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column, char* next);
   char* AddColor(char* next);
   template <MediaField kField>
-  static char* AddOfMedia(RowLines& lines, const Column& column, char* next);
+  static char* AddOfMedia(RowLines& rows, const Column& column, char* next);
 
   const std::vector<Column> columns;
   /// Where the rows hold what is shown.
@@ -82,10 +85,10 @@ class RowLines {
   const BE::ISequence* sequence = nullptr;
   ClipsAhead clips;
   CellTextSource texts;
-  CSVLine line;
+  CSVLines lines;
   const TrackItemRowData* row = nullptr;
-  /// Of the row before; and how it was written.
-  std::uint64_t writtenIndex = 0;
+  /// The number of the row before without its last digit; and how it was written.
+  std::uint64_t writtenTens = 0;
   ShortField indexField;
   RecentNumbers durations;
   RecentNumbers positions;

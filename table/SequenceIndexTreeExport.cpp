@@ -5,7 +5,7 @@
 
 #include "export/AppendRows.h"
 #include "export/CSVFormat.h"
-#include "export/CSVLine.h"
+#include "export/CSVLines.h"
 #include "host/BE/Utilities.h"
 #include "host/qelcore/Files.h"
 #include "host/qelcore/UTF8StringStream.h"
@@ -38,14 +38,15 @@ qelcore::UTF8String GetHeaderText(const UI_MultiColumnTreeHeaderRow& headerRow, 
 
 void AppendHeader(qelcore::oUTF8StringStream& stream, const UI_MultiColumnTreeHeaderRow& headerRow,
                   const std::vector<ColumnID>& columns) {
-  CSVLine line(columns.size());
-  char* next = line.Begin();
+  CSVLines lines(columns.size());
+  char* next = lines.Begin();
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (!IsExportedColumn(columns[i])) continue;
-    next = line.AddField(next, GetHeaderText(headerRow, columns[i], i));
-    next = CSVLine::AddComma(next, HasCommaAfter(i, columns.size()));
+    next = lines.AddField(next, GetHeaderText(headerRow, columns[i], i));
+    next = CSVLines::AddComma(next, HasCommaAfter(i, columns.size()));
   }
-  stream << line.End(next);
+  next = lines.End(next);
+  stream << lines.GetFrom(0, next);
 }
 
 void WriteWholeFile(File& file, std::string_view text) {

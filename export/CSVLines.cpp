@@ -1,4 +1,4 @@
-#include "export/CSVLine.h"
+#include "export/CSVLines.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,17 +14,17 @@ constexpr std::size_t kCommaOrLineFeed = 1;
 
 }  // namespace
 
-CSVLine::CSVLine(std::size_t mostFields)
+CSVLines::CSVLines(std::size_t mostFields)
     : spare((mostFields + 1) * (ShortField::kRoom + kCommaOrLineFeed)),
       bytes(std::make_unique_for_overwrite<char[]>(spare)),
       end(bytes.get() + spare) {}
 
-char* CSVLine::AddText(char* next, std::string_view text) {
+char* CSVLines::AddText(char* next, std::string_view text) {
   next = MakeRoom(next, text.size());
   return CopyUnlessSpecial(text, next) ? next + text.size() : AddQuoted(next, text);
 }
 
-char* CSVLine::AddQuoted(char* next, std::string_view text) {
+char* CSVLines::AddQuoted(char* next, std::string_view text) {
   if (text.find(kQuote) != std::string_view::npos) {
     return AddBytes(next, QuoteCSVField(qelcore::UTF8String(text)).View());
   }
@@ -34,11 +34,11 @@ char* CSVLine::AddQuoted(char* next, std::string_view text) {
   return AddBytes(next, kQuote);
 }
 
-char* CSVLine::AddBytes(char* next, std::string_view added) {
+char* CSVLines::AddBytes(char* next, std::string_view added) {
   return std::ranges::copy(added, MakeRoom(next, added.size())).out;
 }
 
-char* CSVLine::Grow(const char* next, std::size_t more) {
+char* CSVLines::Grow(const char* next, std::size_t more) {
   const std::size_t size = CountBytes(next);
   const std::size_t wanted = std::max(2 * CountBytes(end), size + more);
   auto grown = std::make_unique_for_overwrite<char[]>(wanted);

@@ -10,17 +10,18 @@
 
 namespace Vantrel {
 
-/// One line of the exported text while it is put together, in memory of its own that stays in the
-/// fastest cache; it moves to the text as a whole. One thread at a time.
+/// A few lines of the exported text while they are put together, in memory of their own that stays in
+/// the fastest cache; they move to the text together: what was only just stored byte by byte can't be
+/// read again in large steps at once. One thread at a time.
 ///
-/// What adds to the line is told where, and tells where the next begins: the place stays in a register,
+/// What adds to the lines is told where, and tells where the next begins: the place stays in a register,
 /// where a member would be read and written again for each byte that is stored.
-class CSVLine {
+class CSVLines {
  public:
-  /// A line of at most so many fields, each added once and followed by one comma at most.
-  explicit CSVLine(std::size_t mostFields);
+  /// Lines of at most so many fields, each added once and followed by one comma at most.
+  explicit CSVLines(std::size_t mostFields);
 
-  /// Where a new line begins.
+  /// Where the first line begins, in place of what was added before.
   char* Begin() const noexcept { return bytes.get(); }
 
   /// Adds a field, quoted where needed.
@@ -61,20 +62,21 @@ class CSVLine {
     return {bytes.get() + begin, CountBytes(next) - begin};
   }
 
-  /// The whole line with its line feed, valid until a new one begins.
-  std::string_view End(char* next) noexcept {
+  /// Adds the line feed; another line may follow.
+  char* End(char* next) {
     *next = '\n';
-    return {bytes.get(), CountBytes(next) + 1};
+    return MakeRoom(next + 1, 0);
   }
 
  private:
   char* AddText(char* next, std::string_view text);
-  char* AddQuoted(char* next, std::string_view text);
+  [[gnu::noinline]] char* AddQuoted(char* next, std::string_view text);
   char* AddBytes(char* next, std::string_view added);
   char* MakeRoom(char* next, std::size_t more) {
     return more + spare > static_cast<std::size_t>(end - next) ? Grow(next, more + spare) : next;
   }
-  char* Grow(const char* next, std::size_t more);
+  // Apart from what calls it, which then has little to save and restore.
+  [[gnu::noinline]] char* Grow(const char* next, std::size_t more);
 
   /// Room that is there between any two calls: nobody asks for that of short fields and commas.
   const std::size_t spare;
