@@ -9,7 +9,7 @@
 namespace Vantrel {
 namespace {
 
-constexpr std::string_view kQuote = "\"";
+constexpr char kQuote = '"';
 constexpr std::size_t kCommaOrLineFeed = 1;
 
 }  // namespace
@@ -29,9 +29,11 @@ char* CSVLines::AddQuoted(char* next, std::string_view text) {
     return AddBytes(next, QuoteCSVField(qelcore::UTF8String(text)).View());
   }
   // Most have a comma and nothing that is doubled.
-  next = AddBytes(next, kQuote);
-  next = AddBytes(next, text);
-  return AddBytes(next, kQuote);
+  next = MakeRoom(next, text.size() + 2);
+  *next++ = kQuote;
+  next = std::ranges::copy(text, next).out;
+  *next++ = kQuote;
+  return next;
 }
 
 char* CSVLines::AddBytes(char* next, std::string_view added) {
