@@ -26,7 +26,8 @@ char* CSVLines::AddText(char* next, std::string_view text) {
 
 char* CSVLines::AddQuoted(char* next, std::string_view text) {
   if (text.find(kQuote) != std::string_view::npos) {
-    return AddBytes(next, QuoteCSVField(qelcore::UTF8String(text)).View());
+    const qelcore::UTF8String quoted = QuoteCSVField(qelcore::UTF8String(text));
+    return std::ranges::copy(quoted.View(), MakeRoom(next, quoted.View().size())).out;
   }
   // Most have a comma and nothing that is doubled.
   next = MakeRoom(next, text.size() + 2);
@@ -34,10 +35,6 @@ char* CSVLines::AddQuoted(char* next, std::string_view text) {
   next = std::ranges::copy(text, next).out;
   *next++ = kQuote;
   return next;
-}
-
-char* CSVLines::AddBytes(char* next, std::string_view added) {
-  return std::ranges::copy(added, MakeRoom(next, added.size())).out;
 }
 
 char* CSVLines::Grow(const char* next, std::size_t more) {

@@ -10,12 +10,12 @@
 
 namespace Vantrel {
 
-/// A few lines of the exported text while they are put together, in memory of their own that stays in
-/// the fastest cache; they move to the text together: what was only just stored byte by byte can't be
-/// read again in large steps at once. One thread at a time.
+/// Some lines of the exported text while they are put together, in memory of their own that stays in
+/// the fastest cache. They move to the text together: to read in large steps what was only just stored
+/// in small ones waits until the stores are done. One thread at a time.
 ///
-/// What adds to the lines is told where, and tells where the next begins: the place stays in a register,
-/// where a member would be read and written again for each byte that is stored.
+/// What adds to the lines is told where, and tells where the next begins: the place stays in a
+/// register, where a member would be read and written again for each byte that is stored.
 class CSVLines {
  public:
   /// Lines of at most so many fields, each added once and followed by one comma at most.
@@ -71,7 +71,6 @@ class CSVLines {
  private:
   char* AddText(char* next, std::string_view text);
   [[gnu::noinline]] char* AddQuoted(char* next, std::string_view text);
-  char* AddBytes(char* next, std::string_view added);
   char* MakeRoom(char* next, std::size_t more) {
     return more + spare > static_cast<std::size_t>(end - next) ? Grow(next, more + spare) : next;
   }

@@ -71,6 +71,7 @@ RowLines::RowLines(std::span<const ColumnID> shownColumns, TickTime zeroPoint)
       asksClips(std::ranges::any_of(shownColumns, IsClipColumn)),
       asksProjectItems(std::ranges::any_of(shownColumns, IsProjectItemColumn)),
       asksMedia(std::ranges::any_of(shownColumns, IsMediaColumn)),
+      hasDurations(std::ranges::count(shownColumns, kColumnDuration) > 0),
       zeroPoint(zeroPoint),
       texts(zeroPoint),
       lines(shownColumns.size()),
@@ -118,7 +119,7 @@ void RowLines::AppendBlock(qelcore::oUTF8StringStream& stream, Rows rows) {
 /// Of a whole block at once, the first would have left the cache when the last are there.
 void RowLines::RequestTexts(const TrackItemRowData& ahead, RowClip& clip) const {
   for (const StoredText text : storedTexts) __builtin_prefetch((ahead.*text).View().data());
-  durations.Fetch(TicksOf(ahead.end - ahead.start));
+  if (hasDurations) durations.Fetch(TicksOf(ahead.end - ahead.start));
   // A host may fetch what the item says when it is asked for.
   if (asksProjectItems && !clip.IsGap()) clip.GetProjectItem();
 }
@@ -161,32 +162,32 @@ char* RowLines::AddLine(char* next) {
 
 /// Found once for each column: what differs from column to column is no question for each row.
 auto RowLines::FindAdd(ColumnID column) -> decltype(Column::add) {
-  using Lines = RowLines&;
-  using Self = const Column&;
+  using Self = RowLines&;
+  using Of = const Column&;
   switch (column) {
     case kColumnIndex:
-      return [](Lines l, Self, char* next) { return l.AddIndex(next); };
+      return [](Self self, Of, char* next) { return self.AddIndex(next); };
     case kColumnLabelColor:
-      return [](Lines l, Self, char* next) { return l.AddColor(next); };
+      return [](Self self, Of, char* next) { return self.AddColor(next); };
     case kColumnDuration:
-      return [](Lines l, Self self, char* next) {
-        return l.AddOfTime(l.durations, l.row->end - l.row->start, self, next);
+      return [](Self self, Of shown, char* next) {
+        return self.AddOfTime(self.durations, self.row->end - self.row->start, shown, next);
       };
     case kColumnStartTime:
-      return [](Lines l, Self self, char* next) {
-        return l.AddOfTime(l.positions, l.zeroPoint + l.row->start, self, next);
+      return [](Self self, Of shown, char* next) {
+        return self.AddOfTime(self.positions, self.zeroPoint + self.row->start, shown, next);
       };
     case kColumnEndTime:
-      return [](Lines l, Self self, char* next) {
-        return l.AddOfTime(l.positions, l.zeroPoint + l.row->end, self, next);
+      return [](Self self, Of shown, char* next) {
+        return self.AddOfTime(self.positions, self.zeroPoint + self.row->end, shown, next);
       };
     case kColumnFrameRate:
-      return [](Lines l, Self self, char* next) {
-        return l.AddOfTime(l.frameRates[KindOf(*l.row)], l.row->frameRate, self, next);
+      return [](Self self, Of shown, char* next) {
+        return self.AddOfTime(self.frameRates[KindOf(*self.row)], self.row->frameRate, shown, next);
       };
     case kColumnTrack:
-      return [](Lines l, Self self, char* next) {
-        return l.AddOfNumber(l.tracks[KindOf(*l.row)], l.row->trackIndex, self, next);
+      return [](Self self, Of shown, char* next) {
+        return self.AddOfNumber(self.tracks[KindOf(*self.row)], self.row->trackIndex, shown, next);
       };
     case kColumnFileName:
       return &AddOfMedia<MediaField::kFileName>;
@@ -200,9 +201,12 @@ auto RowLines::FindAdd(ColumnID column) -> decltype(Column::add) {
       break;
   }
   if (GetStoredText(column) != nullptr) {
-    return [](Lines l, Self self, char* next) { return l.lines.AddField(next, l.row->*self.stored); };
+    return [](Self self, Of shown, char* next) {
+      return self.lines.AddField(next, self.row->*shown.stored);
+    };
   }
-  return [](Lines l, Self self, char* next) { return l.lines.AddField(next, self.make(l.texts)); };
+  return
+      [](Self self, Of shown, char* next) { return self.lines.AddField(next, shown.make(self.texts)); };
 }
 
 /// Ten rows differ in their last digit.
@@ -237,14 +241,14 @@ char* RowLines::AddColor(char* next) {
 }
 
 template <MediaField kField>
-char* RowLines::AddOfMedia(RowLines& rows, const Column& column, char* next) {
-  FieldsOfMedia* const fields = rows.mediaFields;
-  if (fields == nullptr) return rows.lines.AddField(next, column.make(rows.texts));
+char* RowLines::AddOfMedia(RowLines& self, const Column& column, char* next) {
+  FieldsOfMedia* const fields = self.mediaFields;
+  if (fields == nullptr) return self.lines.AddField(next, column.make(self.texts));
   std::string_view& field = (*fields)[static_cast<std::size_t>(kField)];
-  if (field.data() != nullptr) return rows.lines.AddKeptField(next, field);
-  const std::size_t begin = rows.lines.CountBytes(next);
-  next = rows.lines.AddField(next, column.make(rows.texts));
-  field = rows.knownMedia.Keep(rows.lines.GetFrom(begin, next));
+  if (field.data() != nullptr) return self.lines.AddKeptField(next, field);
+  const std::size_t begin = self.lines.CountBytes(next);
+  next = self.lines.AddField(next, column.make(self.texts));
+  field = self.knownMedia.Keep(self.lines.GetFrom(begin, next));
   return next;
 }
 

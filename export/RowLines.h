@@ -73,7 +73,7 @@ class RowLines {
   char* AddNewNumber(RecentNumbers& known, std::uint64_t number, const Column& column, char* next);
   char* AddColor(char* next);
   template <MediaField kField>
-  static char* AddOfMedia(RowLines& rows, const Column& column, char* next);
+  static char* AddOfMedia(RowLines& self, const Column& column, char* next);
 
   const std::vector<Column> columns;
   /// Where the rows hold what is shown.
@@ -81,13 +81,14 @@ class RowLines {
   const bool asksClips;
   const bool asksProjectItems;
   const bool asksMedia;
+  const bool hasDurations;
   const qelmediatypes::TickTime zeroPoint;
   const BE::ISequence* sequence = nullptr;
   ClipsAhead clips;
   CellTextSource texts;
   CSVLines lines;
   const TrackItemRowData* row = nullptr;
-  /// The number of the row before without its last digit; and how it was written.
+  /// The number of the row before without its last digit; and how a number of these ten is written.
   std::uint64_t writtenTens = 0;
   ShortField indexField;
   RecentNumbers durations;

@@ -23,8 +23,8 @@ class ExportedTable {
     host.GetRuntime().Drain();
     for (auto& column : Vantrel::GetColumnLayoutStore()) column.shown = true;
     Vantrel::ApplyColumnLayout(tree->GetHeaderRow());
-    // Tables of different sizes take turns: without a first export that does not count, each one of the
-    // longest would be a first one, which is mostly the system's work to find fresh memory.
+    // Tables of different sizes take turns, so that the longest would be measured by first exports
+    // alone, which are mostly the system's work to find fresh memory. This one does not count.
     Export();
   }
 

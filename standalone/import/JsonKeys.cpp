@@ -144,7 +144,7 @@ const KeyUse* FindKeyUse(std::string_view name) {
   if (name.empty()) return nullptr;
   for (std::uint8_t place = HashName(name); kKeyTable[place] != 0; ++place) {
     const KeyUse& use = kKeyUses[kKeyTable[place] - 1U];
-    if (IsSameShortText(use.name, name)) return &use;
+    if (ShortText::IsSame(use.name, name)) return &use;
   }
   return nullptr;
 }

@@ -66,7 +66,7 @@ class STANDALONE_API JsonValue {
   Iterator end() const;
   /// Of an array; none of all else.
   JsonValues GetElements() const;
-  /// This value as the only one of a list.
+  /// This value as the only one of a list; none of a missing value.
   JsonValues GetAlone() const;
 
  private:
@@ -180,7 +180,7 @@ class STANDALONE_API JsonTree {
     return nodes[index].IsContainer() ? nodes[index].extent : index + 1;
   }
 
-  /// Of all nodes.
+  /// Of all nodes, some of which share a text.
   std::string texts;
   std::vector<JsonNode> nodes;
   /// What is told about the document, apart; a name never moves.

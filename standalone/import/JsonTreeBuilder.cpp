@@ -169,7 +169,7 @@ std::uint32_t JsonTreeBuilder::Keep(std::string_view text) {
 std::uint32_t JsonTreeBuilder::KeepValue(std::string_view text) {
   KeptText& last = lastTexts[static_cast<std::size_t>(key)];
   const std::string_view lastText(tree.texts.data() + last.place, last.size);
-  if (!IsSameShortText(lastText, text)) last = {Keep(text), static_cast<std::uint32_t>(text.size())};
+  if (!ShortText::IsSame(lastText, text)) last = {Keep(text), static_cast<std::uint32_t>(text.size())};
   return last.place;
 }
 

@@ -70,7 +70,7 @@ class JsonTreeBuilder {
   void CountUnread(const UnreadMetadata& metadata);
   /// Returns where the text stands among those of the tree.
   std::uint32_t Keep(std::string_view text);
-  /// The same for the value of the pending member: members of one name often hold one text, as rates
+  /// The same for what comes under the pending key: members of one name often hold one text, as rates
   /// and schemas do, which is kept once as long as it does not change.
   std::uint32_t KeepValue(std::string_view text);
   std::string_view KeepName(std::string_view name);
@@ -93,7 +93,7 @@ class JsonTreeBuilder {
   /// Depth inside a container that is dropped; 0: nothing is dropped.
   std::size_t droppedDepth = 0;
   JsonKey key = JsonKey::kNone;
-  /// Of each key, where its last text stands.
+  /// Of each key, where its last text stands; elements and free names share one.
   std::array<KeptText, static_cast<std::size_t>(JsonKey::kCount)> lastTexts;
   bool isMemberDropped = false;
   /// The known writer's dictionary that was opened last, and whether it counts already; without a name:

@@ -1,6 +1,7 @@
 #include "standalone/import/OtioImport.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <utility>
 

@@ -6,7 +6,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "standalone/import/MediaAddress.h"

@@ -43,6 +43,16 @@ TEST(CSVLines, WhatWasAddedSinceIsTold) {
   EXPECT_EQ(lines.GetFrom(begin, next), "\"b,c\"");
 }
 
+TEST(CSVLines, WhatWasAddedIsToldWhereTheLinesGrewMeanwhile) {
+  const std::string text(5000, 'a');
+  CSVLines lines(1);
+  char* next = lines.AddField(lines.Begin(), "before");
+  const std::size_t begin = lines.CountBytes(next);
+  next = lines.AddField(next, text);
+  EXPECT_EQ(lines.GetFrom(begin, next), text);
+  EXPECT_EQ(lines.GetFrom(0, next), "before" + text);
+}
+
 TEST(CSVLines, ALineWithoutFieldsIsEmpty) {
   CSVLines lines(3);
   EXPECT_EQ(Text(lines, lines.Begin()), "\n");
@@ -73,17 +83,21 @@ TEST(CSVLines, FirstLinesBeginWhereTheOnesBeforeBegan) {
 }
 
 TEST(CSVLines, EachOfManyLinesHasRoomForItsShortFields) {
-  constexpr std::size_t kFields = 4;
+  constexpr std::size_t kFields = 5;
   CSVLines lines(kFields);
   ShortField field;
   ASSERT_TRUE(field.Set(std::string(ShortField::kRoom, 'a')));
   std::string expected;
   char* next = lines.Begin();
   for (std::size_t line = 0; line < 1000; ++line) {
-    for (std::size_t i = 0; i < kFields; ++i) {
+    for (std::size_t i = 0; i + 1 < kFields; ++i) {
       next = CSVLines::AddComma(CSVLines::AddReadyField(next, field), true);
       expected.append(ShortField::kRoom, 'a').append(",");
     }
+    // Grows in the middle of a line, too.
+    const std::string text(line % 100, 'b');
+    next = lines.AddField(next, text);
+    expected += text;
     next = lines.End(next);
     expected += "\n";
   }
@@ -125,6 +139,9 @@ TEST(CSVLines, AFieldThatGrowsByItsQuotesHasRoom) {
     CSVLines lines(1);
     const std::string text(length, '"');
     EXPECT_EQ(Text(lines, lines.AddField(lines.Begin(), text)), "\"" + text + text + "\"\n") << length;
+    CSVLines others(1);
+    const std::string commas(length, ',');
+    EXPECT_EQ(Text(others, others.AddField(others.Begin(), commas)), "\"" + commas + "\"\n") << length;
   }
 }
 

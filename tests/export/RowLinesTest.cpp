@@ -51,7 +51,7 @@ TEST(RowLines, EachColumnAloneSaysTheSame) {
   }
 }
 
-/// Only the last digit is written anew where a number follows the one before.
+/// Only the last digit is written anew in numbers of the same ten.
 TEST(RowLines, NumbersAreThoseOfTheRowsInAnyOrder) {
   rows::Host host;
   auto list = rows::Collect(host.Add(MakeRepeatingSequence()));
@@ -64,6 +64,11 @@ TEST(RowLines, NumbersAreThoseOfTheRowsInAnyOrder) {
   const ColumnID column = kColumnIndex;
   RowLines lines({&column, 1}, {});
   for (int i = 0; i < 2; ++i) EXPECT_EQ(Write(lines, list), expected) << "time " << i;
+  for (std::size_t first = 0; first < list.size(); ++first) {
+    const TrackItemDataList one(1, list[first]);
+    RowLines fresh({&column, 1}, {});
+    EXPECT_EQ(Write(fresh, one), std::to_string(indices[first] + 1) + "\n");
+  }
 }
 
 /// Clips are asked ahead, a block of rows at a time.

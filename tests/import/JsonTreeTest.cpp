@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -193,6 +195,83 @@ TEST(JsonTrees, AnObjectHasTheMembersThatItIsWrittenWithAndNoOthers) {
   expectOnly(parsed.tree.GetRoot(), {JsonKey::kName, JsonKey::kTracks, JsonKey::kEnabled});
   expectOnly(parsed[JsonKey::kTracks], {JsonKey::kDuration});
   expectOnly(parsed[JsonKey::kName], {});
+}
+
+/// Short and long ones, ones that begin or end alike, of every size in which texts are compared.
+TEST(JsonTrees, TextsThatRepeatOrAlmostRepeatTheLastOneOfTheirNameAreTold) {
+  std::vector<std::string> texts = {"", "", "a", "b", "a"};
+  for (std::size_t size = 1; size < 40; ++size) {
+    const std::string text(size, 'x');
+    texts.insert(texts.end(), {text, text});
+    for (const std::size_t changed : {std::size_t{0}, size / 2, size - 1}) {
+      std::string other = text;
+      other[changed] = 'y';
+      texts.insert(texts.end(), {other, other, text});
+    }
+  }
+  std::string objects;
+  for (const std::string& text : texts) {
+    objects += R"({"kind": "Video", "name": ")" + text + R"(", "children": [")" + text + R"(", ")" +
+               text + "\"]},";
+  }
+  const Parsed parsed(R"({"children": [)" + objects + "0]}");
+  std::size_t at = 0;
+  for (const JsonValue object : parsed[JsonKey::kChildren]) {
+    if (at == texts.size()) break;
+    const std::string& text = texts[at++];
+    EXPECT_EQ(object[JsonKey::kName].GetText(), text);
+    EXPECT_EQ(object[JsonKey::kKind].GetText(), "Video");
+    for (const JsonValue element : object[JsonKey::kChildren]) EXPECT_EQ(element.GetText(), text);
+  }
+  EXPECT_EQ(at, texts.size());
+}
+
+TEST(JsonTrees, ATextThatRepeatsTheLastOneOfItsNameIsKeptOnce) {
+  const Parsed parsed(R"({"tracks": {"kind": "a"}, "effects": {"kind": "a", "name": "a"}})");
+  const char* const first = parsed[JsonKey::kTracks][JsonKey::kKind].GetText().data();
+  EXPECT_EQ(parsed[JsonKey::kEffects][JsonKey::kKind].GetText().data(), first);
+  EXPECT_NE(parsed[JsonKey::kEffects][JsonKey::kName].GetText().data(), first);
+}
+
+TEST(JsonTrees, AnArrayTellsItsElementsAndTheirNumber) {
+  const Parsed parsed(R"({"children": [1, [2, 3], {"name": "a", "studio": [4]}, null], "effects": [],
+                          "markers": [{"name": 1}, {}], "tracks": {"name": "b", "kind": "c"}})");
+  const JsonValues elements = parsed[JsonKey::kChildren].GetElements();
+  EXPECT_EQ(elements.Count(), 4u);
+  std::vector<std::size_t> inner;
+  for (const JsonValue element : elements) inner.push_back(element.GetElements().Count());
+  EXPECT_EQ(inner, (std::vector<std::size_t>{0, 2, 0, 0}));
+  EXPECT_EQ(parsed[JsonKey::kEffects].GetElements().Count(), 0u);
+  EXPECT_EQ(parsed[JsonKey::kMarkers].GetElements().Count(), 2u);
+  // Its elements are counted in place of its members.
+  for (int i = static_cast<int>(JsonKey::kSchema); i < static_cast<int>(JsonKey::kCount); ++i) {
+    EXPECT_FALSE(parsed[JsonKey::kChildren][static_cast<JsonKey>(i)].HasValue()) << i;
+  }
+  for (const JsonKey key : {JsonKey::kTracks, JsonKey::kName, JsonKey::kEffects}) {
+    const JsonValues none = parsed[key].GetElements();
+    EXPECT_EQ(none.Count(), 0u);
+    EXPECT_FALSE(none.begin() != none.end());
+  }
+}
+
+TEST(JsonTrees, AValueAloneIsAListOfOne) {
+  const Parsed parsed(R"({"children": [{"name": "a", "effects": [1, 2]}, 5]})");
+  const JsonValue item = *parsed[JsonKey::kChildren].begin();
+  std::vector<std::uint32_t> indexes;
+  for (const JsonValue alone : item.GetAlone()) indexes.push_back(alone.GetIndex());
+  EXPECT_EQ(indexes, std::vector<std::uint32_t>{item.GetIndex()});
+  EXPECT_EQ(item.GetAlone().Count(), 1u);
+  EXPECT_EQ(parsed[JsonKey::kName].GetAlone().Count(), 0u);
+}
+
+TEST(JsonTrees, ArraysAtTheTopAndBelowFreeNamesTellTheirElements) {
+  EXPECT_EQ(Parsed("[1, 2, 3]").tree.GetRoot().GetElements().Count(), 3u);
+  const Parsed parsed(R"({"media_references": {"A": [1, 2], "B": [], "C": {"effects": [1]}}})");
+  std::vector<std::size_t> counts;
+  for (const JsonValue member : parsed[JsonKey::kMediaReferences]) {
+    counts.push_back(member.GetElements().Count());
+  }
+  EXPECT_EQ(counts, (std::vector<std::size_t>{2, 0, 0}));
 }
 
 TEST(JsonTrees, MissingValuesAnswerEverything) {

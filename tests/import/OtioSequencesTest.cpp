@@ -109,6 +109,14 @@ TEST(Sequences, TracksThatHoldNeitherPictureNorSoundAreNotedAndDoNotCount) {
           "sound; it is not shown."));
 }
 
+TEST(Sequences, ATrackThatIsNotShownHasNoItemsWhereItsChildrenAreNoList) {
+  const std::string children = R"(, "kind": "Data", "children": {"name": "a", "kind": "b"})";
+  const ImportResult result = otio::Read(otio::Timeline({otio::Item("Track.1", "Captions", children)}));
+  EXPECT_THAT(draft::Sentences(result),
+              ElementsAre("track \"Captions\": A track of the kind \"Data\" with 0 items holds neither "
+                          "picture nor sound; it is not shown."));
+}
+
 TEST(Sequences, ATimelineWithoutTracksIsEmpty) {
   EXPECT_TRUE(ReadSequence(otio::Item("Timeline.1", "Empty", R"(, "tracks": null)")).tracks.empty());
   EXPECT_TRUE(ReadSequence(otio::Item("Timeline.1", "Empty")).tracks.empty());
