@@ -21,25 +21,34 @@ std::int64_t GetHeldBytes(void* block) noexcept {
   return static_cast<std::int64_t>(malloc_usable_size(block));
 }
 
-/// Without the blocks that the host keeps for the next long list: they serve again, and how many there
-/// are depends on which lists came back when.
-std::int64_t CountUsed(std::int64_t live) noexcept {
-  return live - static_cast<std::int64_t>(standalone::LargeBlocks::Get().CountKeptBytes());
+/// The host counts its large blocks itself: those that it keeps are not in use, and behind a block of
+/// such an alignment the C library leaves up to a large page more, as chance wants it.
+bool IsLargeBlock(std::align_val_t alignment) noexcept {
+  return static_cast<std::size_t>(alignment) == standalone::kLargePage;
 }
 
-void NoteTaken(void* block, std::size_t size) noexcept {
+std::int64_t CountUsed() noexcept {
+  return liveBytes.load(std::memory_order_relaxed) +
+         static_cast<std::int64_t>(standalone::LargeBlocks::Get().CountTakenBytes());
+}
+
+void NotePeak() noexcept {
+  const std::int64_t used = CountUsed();
+  std::int64_t peak = peakLiveBytes.load(std::memory_order_relaxed);
+  while (used > peak && !peakLiveBytes.compare_exchange_weak(peak, used, std::memory_order_relaxed)) {
+  }
+}
+
+void NoteTaken(std::size_t size, std::int64_t held) noexcept {
   allocationCount.fetch_add(1, std::memory_order_relaxed);
   allocatedBytes.fetch_add(size, std::memory_order_relaxed);
-  const std::int64_t held = GetHeldBytes(block);
-  const std::int64_t live = CountUsed(liveBytes.fetch_add(held, std::memory_order_relaxed) + held);
-  std::int64_t peak = peakLiveBytes.load(std::memory_order_relaxed);
-  while (live > peak && !peakLiveBytes.compare_exchange_weak(peak, live, std::memory_order_relaxed)) {
-  }
+  liveBytes.fetch_add(held, std::memory_order_relaxed);
+  NotePeak();
 }
 
 void* TakeOrNull(std::size_t size) noexcept {
   void* const block = std::malloc(std::max<std::size_t>(size, 1));
-  if (block != nullptr) NoteTaken(block, size);
+  if (block != nullptr) NoteTaken(size, GetHeldBytes(block));
   return block;
 }
 
@@ -47,7 +56,7 @@ void* TakeOrNull(std::size_t size, std::align_val_t alignment) noexcept {
   void* block = nullptr;
   const auto bytes = std::max(static_cast<std::size_t>(alignment), sizeof(void*));
   if (posix_memalign(&block, bytes, std::max<std::size_t>(size, 1)) != 0) return nullptr;
-  NoteTaken(block, size);
+  NoteTaken(size, IsLargeBlock(alignment) ? 0 : GetHeldBytes(block));
   return block;
 }
 
@@ -63,16 +72,23 @@ void GiveBack(void* block) noexcept {
   std::free(block);
 }
 
+void GiveBack(void* block, std::align_val_t alignment) noexcept {
+  if (!IsLargeBlock(alignment)) return GiveBack(block);
+  std::free(block);
+}
+
 }  // namespace
 
 namespace scaling {
 
 AllocationWatch::AllocationWatch() noexcept
-    : firstCount(allocationCount), firstBytes(allocatedBytes), firstLiveBytes(CountUsed(liveBytes)) {
+    : firstCount(allocationCount), firstBytes(allocatedBytes), firstLiveBytes(CountUsed()) {
   peakLiveBytes = firstLiveBytes;
 }
 
 Allocations AllocationWatch::Take() const noexcept {
+  // A large block is counted by the next who takes memory.
+  NotePeak();
   return {allocationCount - firstCount, allocatedBytes - firstBytes,
           static_cast<std::uint64_t>(peakLiveBytes - firstLiveBytes)};
 }
@@ -124,21 +140,21 @@ void operator delete(void* block, const std::nothrow_t&) noexcept {
 void operator delete[](void* block, const std::nothrow_t&) noexcept {
   GiveBack(block);
 }
-void operator delete(void* block, std::align_val_t) noexcept {
-  GiveBack(block);
+void operator delete(void* block, std::align_val_t alignment) noexcept {
+  GiveBack(block, alignment);
 }
-void operator delete[](void* block, std::align_val_t) noexcept {
-  GiveBack(block);
+void operator delete[](void* block, std::align_val_t alignment) noexcept {
+  GiveBack(block, alignment);
 }
-void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
-  GiveBack(block);
+void operator delete(void* block, std::size_t, std::align_val_t alignment) noexcept {
+  GiveBack(block, alignment);
 }
-void operator delete[](void* block, std::size_t, std::align_val_t) noexcept {
-  GiveBack(block);
+void operator delete[](void* block, std::size_t, std::align_val_t alignment) noexcept {
+  GiveBack(block, alignment);
 }
-void operator delete(void* block, std::align_val_t, const std::nothrow_t&) noexcept {
-  GiveBack(block);
+void operator delete(void* block, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+  GiveBack(block, alignment);
 }
-void operator delete[](void* block, std::align_val_t, const std::nothrow_t&) noexcept {
-  GiveBack(block);
+void operator delete[](void* block, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+  GiveBack(block, alignment);
 }
