@@ -119,12 +119,14 @@ constexpr KeyUse kKeyUses[] = {
     {"text", JsonKey::kText, kParameters},
 };
 
-/// Where a name has its place, or the first one free behind it. Its
-/// length and three letters tell most names apart; the factors leave the fewest behind another one.
+/// Where a name has its place, or the first one free behind it. Its length and three letters tell most
+/// names apart; the factors leave the fewest behind another one.
 constexpr std::uint8_t HashName(std::string_view name) {
-  const auto letter = [name](std::size_t at) { return static_cast<unsigned char>(name[at]); };
-  return static_cast<std::uint8_t>(name.size() * 7U + letter(0) * 29U + letter(name.size() / 2) +
-                                   letter(name.size() - 1) * 41U);
+  const auto letter = [name](std::size_t at) -> std::size_t {
+    return static_cast<unsigned char>(name[at]);
+  };
+  return static_cast<std::uint8_t>(name.size() * 7 + letter(0) * 29 + letter(name.size() / 2) +
+                                   letter(name.size() - 1) * 41);
 }
 
 /// For each place, the position of its use behind a first one that stands for none.
