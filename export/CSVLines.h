@@ -12,7 +12,7 @@ namespace Vantrel {
 
 /// Some lines of the exported text while they are put together, in memory of their own that stays in
 /// the fastest cache. They move to the text together: to read in large steps what was only just stored
-/// in small ones waits until the stores are done. One thread at a time.
+/// in small ones waits until the stores are done. One thread at a time. Throws: std::bad_alloc.
 ///
 /// What adds to the lines is told where, and tells where the next begins: the place stays in a
 /// register, where a member would be read and written again for each byte that is stored.
@@ -70,11 +70,11 @@ class CSVLines {
 
  private:
   char* AddText(char* next, std::string_view text);
+  // This and Grow stand apart from what calls them, which then has little to save and restore.
   [[gnu::noinline]] char* AddQuoted(char* next, std::string_view text);
   char* MakeRoom(char* next, std::size_t more) {
     return more + spare > static_cast<std::size_t>(end - next) ? Grow(next, more + spare) : next;
   }
-  // Apart from what calls it, which then has little to save and restore.
   [[gnu::noinline]] char* Grow(const char* next, std::size_t more);
 
   /// Room that is there between any two calls: nobody asks for that of short fields and commas.

@@ -79,7 +79,8 @@ class STANDALONE_API JsonValue {
 };
 
 /// Values that follow each other. To go through a long timeline's items is to fetch each of them from
-/// the memory: whoever only wants to know how many there are asks for that.
+/// the memory: whoever only wants to know how many there are asks for that. As cheap to copy as a few
+/// numbers; valid as long as the tree.
 class JsonValues {
  public:
   JsonValues() = default;

@@ -10,8 +10,8 @@ struct Allocations {
   std::uint64_t count = 0;
   /// As asked for.
   std::uint64_t bytes = 0;
-  /// The most that was in use at once, over what was at the start, as the system rounds it. Blocks that
-  /// the host keeps to use them again are not in use.
+  /// The most that was in use at once, over what was at the start: small blocks as the C library rounds
+  /// them, large ones as the host does. Those that the host keeps to use them again are not in use.
   std::uint64_t peakBytes = 0;
 };
 
